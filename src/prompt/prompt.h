@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QColor>
+#include <QMessageBox>
+#include <QString>
+
+#include <functional>
+
+class QDialog;
+class QPrinter;
+class QWidget;
+
+/// The one door to modal dialogs. Everything that waits for the user passes through here, so that a test can
+/// answer in the user's place and no dialog can hang a run that nobody watches.
+namespace prompt {
+
+/// Shows a message box and returns the button pressed.
+QMessageBox::StandardButton message(QWidget* parent, QMessageBox::Icon icon, const QString& title,
+    const QString& text, QMessageBox::StandardButtons buttons = QMessageBox::Ok);
+
+/// Asks for one existing file; empty when cancelled.
+QString openFile(QWidget* parent, const QString& title, const QString& start, const QString& filter);
+
+/// Asks for a file to write; empty when cancelled. `chosenFilter` takes and gives the selected filter.
+QString saveFile(QWidget* parent, const QString& title, const QString& start, const QString& filter,
+    QString* chosenFilter = nullptr);
+
+/// Asks for an existing directory; empty when cancelled.
+QString directory(QWidget* parent, const QString& title, const QString& start);
+
+/// Asks for a colour; an invalid one when cancelled.
+QColor color(QWidget* parent, const QColor& start);
+
+/// Shows the print dialog for `printer`; false when cancelled.
+bool print(QWidget* parent, QPrinter* printer);
+
+/// Runs any other dialog modally and returns its result.
+int run(QDialog& dialog);
+
+/// When set, gets every dialog instead of the user: it may press a button of the real dialog, fill it, or set a
+/// result, and returns what exec() would have returned. Tests set it.
+using Responder = std::function<int(QDialog&)>;
+void setResponder(Responder responder);
+
+} // namespace prompt
