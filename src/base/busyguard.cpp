@@ -8,4 +8,7 @@ BusyGuard::BusyGuard()
     SLEEP = true;
 }
 
-BusyGuard::~BusyGuard() { SLEEP = m_before; }
+BusyGuard::~BusyGuard()
+{
+    SLEEP = m_before;
+}

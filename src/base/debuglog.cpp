@@ -15,7 +15,10 @@ constexpr qint64 largestLog = 102400; // bytes
 
 } // namespace
 
-QString logFilePath() { return paths::log() + QStringLiteral("/KronalysLog.log"); }
+QString logFilePath()
+{
+    return paths::log() + QStringLiteral("/KronalysLog.log");
+}
 
 void DebugLOG(const char* text)
 {
@@ -37,7 +40,8 @@ void rotateLog(const QDate& today)
     const QString current = logFilePath();
     if (QFileInfo(current).size() <= largestLog)
         return;
-    const QString base = paths::log() + QStringLiteral("/KronalysLog_") + today.toString(QStringLiteral("ddMMyyyy"));
+    const QString base =
+        paths::log() + QStringLiteral("/KronalysLog_") + today.toString(QStringLiteral("ddMMyyyy"));
     QString aside = base + QStringLiteral(".log");
     for (int n = 1; QFile::exists(aside); ++n)
         aside = base + QStringLiteral("_%1.log").arg(n);

@@ -4,8 +4,8 @@
 #include <QString>
 
 /// Writes one line to Qt's debug stream and, when the global LOG is set, to the log file with a time mark.
-/// The file is opened and closed at every call, so that a crash loses nothing; a file that cannot be opened is
-/// passed over in silence. Text is UTF-8. Safe to call from any thread.
+/// The file is opened and closed at every call, so that a crash loses nothing; a file that cannot be opened
+/// is passed over in silence. Text is UTF-8. Safe to call from any thread.
 void DebugLOG(const char* text);
 
 /// The path of the log file.

@@ -8,8 +8,8 @@
 class KdecLoadDlg;
 class WarnDiag;
 
-// The state that every room reads directly. The ring of recent records and the properties of the loading dialog,
-// which have types of their own, stand with those types in load/core.
+// The state that every room reads directly. The ring of recent records and the properties of the loading
+// dialog, which have types of their own, stand with those types in load/core.
 
 /// Program version; goes to QCoreApplication, the configuration file and the About text.
 extern QString Appver;
@@ -22,8 +22,8 @@ extern QByteArray debArr;
 /// Start folder of the save dialogs.
 extern QDir WorkFolder;
 
-/// Names of the data kinds, indexed by Record::dataType: phase, temperature, humidity, parameter. Translation keys
-/// until the main window puts the translated texts in their place.
+/// Names of the data kinds, indexed by Record::dataType: phase, temperature, humidity, parameter. Translation
+/// keys until the main window puts the translated texts in their place.
 extern QString RecTypes[4];
 extern quint8 numOfRecTypes;
 

@@ -45,7 +45,8 @@ bool toFile(const QString& file, const QString& version, const QString& lang)
     before.close();
     const int start = content.indexOf("<!--");
     const int end = start < 0 ? -1 : content.indexOf("-->", start);
-    if (start >= 0 && start < headLength && end > start && content.mid(start, end - start).contains("Application_ver"))
+    if (start >= 0 && start < headLength && end > start
+        && content.mid(start, end - start).contains("Application_ver"))
         content.replace(start, end + 3 - start, comment);
     else if (content.startsWith("<?xml") && content.contains("?>"))
         content.insert(content.indexOf("?>") + 2, '\n' + comment);
@@ -57,6 +58,9 @@ bool toFile(const QString& file, const QString& version, const QString& lang)
     return after.open(QIODevice::WriteOnly) && after.write(content) == content.size() && after.commit();
 }
 
-bool isEnglish() { return App_lang == QLatin1String("en"); }
+bool isEnglish()
+{
+    return App_lang == QLatin1String("en");
+}
 
 } // namespace language

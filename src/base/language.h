@@ -7,13 +7,13 @@
 /// which must lie within the first 200 bytes.
 namespace language {
 
-/// What the head of the file asks for: the quoted text after "Application_Lang". Without quotes, or with an empty
-/// text, it is the part of `localeName` before the first "_". A file that cannot be read or that lacks the key
-/// gives `fallback`.
+/// What the head of the file asks for: the quoted text after "Application_Lang". Without quotes, or with an
+/// empty text, it is the part of `localeName` before the first "_". A file that cannot be read or that lacks
+/// the key gives `fallback`.
 QString fromFile(const QString& file, const QString& localeName, const QString& fallback);
 
-/// Puts `lang` into the head of the file and leaves all else in it as it stands; a missing file is made with an
-/// empty root element. Written through a temporary file. Returns false when nothing could be written.
+/// Puts `lang` into the head of the file and leaves all else in it as it stands; a missing file is made with
+/// an empty root element. Written through a temporary file. Returns false when nothing could be written.
 bool toFile(const QString& file, const QString& version, const QString& lang);
 
 /// The comment text, without the comment marks.

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds progressPeriod {20};
+constexpr std::chrono::milliseconds progressPeriod{20};
 
 /// The state that the workers and the calling thread share.
 struct Run {
@@ -20,9 +20,9 @@ struct Run {
     }
 
     const std::vector<std::function<void()>>& tasks;
-    std::atomic<size_t> next {0};
-    std::atomic<size_t> ended {0};
-    std::atomic<bool> stop {false};
+    std::atomic<size_t> next{0};
+    std::atomic<size_t> ended{0};
+    std::atomic<bool> stop{false};
     size_t working = 0; // threads not yet done; guarded by mutex
     std::exception_ptr failure; // the first; guarded by mutex
     std::mutex mutex;

@@ -16,15 +16,25 @@ QString& rootOverride()
 QString below(const char* name)
 {
     const QString& root = rootOverride();
-    const QString base = root.isEmpty() ? QCoreApplication::applicationDirPath() + QStringLiteral("/..") : root;
+    const QString base =
+        root.isEmpty() ? QCoreApplication::applicationDirPath() + QStringLiteral("/..") : root;
     return base + QLatin1String(name);
 }
 
 } // namespace
 
-QString config() { return below("/config"); }
-QString data() { return below("/data"); }
-QString log() { return below("/log"); }
+QString config()
+{
+    return below("/config");
+}
+QString data()
+{
+    return below("/data");
+}
+QString log()
+{
+    return below("/log");
+}
 
 void makeAll()
 {
@@ -34,6 +44,9 @@ void makeAll()
     anywhere.mkpath(log());
 }
 
-void setRoot(const QString& root) { rootOverride() = root; }
+void setRoot(const QString& root)
+{
+    rootOverride() = root;
+}
 
 } // namespace paths

@@ -16,7 +16,8 @@ QString log();
 /// Creates the three directories; a failure is not reported, since every later use copes with it.
 void makeAll();
 
-/// Puts the three directories below another root. For tests, and for installations whose own tree is read-only.
+/// Puts the three directories below another root. For tests, and for installations whose own tree is
+/// read-only.
 void setRoot(const QString& root);
 
 } // namespace paths

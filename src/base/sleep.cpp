@@ -2,4 +2,7 @@
 
 #include <QCoreApplication>
 
-void sleep(int ms) { QCoreApplication::processEvents(QEventLoop::AllEvents, ms); }
+void sleep(int ms)
+{
+    QCoreApplication::processEvents(QEventLoop::AllEvents, ms);
+}

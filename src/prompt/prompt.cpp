@@ -33,9 +33,15 @@ QString chosenFile(QFileDialog& dialog)
 
 } // namespace
 
-void setResponder(Responder next) { responder() = std::move(next); }
+void setResponder(Responder next)
+{
+    responder() = std::move(next);
+}
 
-int run(QDialog& dialog) { return responder() ? responder()(dialog) : dialog.exec(); }
+int run(QDialog& dialog)
+{
+    return responder() ? responder()(dialog) : dialog.exec();
+}
 
 QMessageBox::StandardButton message(QWidget* parent, QMessageBox::Icon icon, const QString& title,
     const QString& text, QMessageBox::StandardButtons buttons)

@@ -37,8 +37,8 @@ bool print(QWidget* parent, QPrinter* printer);
 /// Runs any other dialog modally and returns its result.
 int run(QDialog& dialog);
 
-/// When set, gets every dialog instead of the user: it may press a button of the real dialog, fill it, or set a
-/// result, and returns what exec() would have returned. Tests set it.
+/// When set, gets every dialog instead of the user: it may press a button of the real dialog, fill it, or set
+/// a result, and returns what exec() would have returned. Tests set it.
 using Responder = std::function<int(QDialog&)>;
 void setResponder(Responder responder);
 

@@ -25,7 +25,8 @@ QDialogButtonBox::StandardButton WarnDiag::showMe(
     const QString& text, bool warning, QDialogButtonBox::StandardButtons buttons, const QStringList& details)
 {
     setWindowTitle(tr("Сообщение"));
-    const QStyle::StandardPixmap sign = warning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
+    const QStyle::StandardPixmap sign =
+        warning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
     ui->SignLbl->setPixmap(style()->standardIcon(sign).pixmap(48, 48));
     ui->MessageLbl->setText(text);
     ui->buttonBox->setStandardButtons(buttons);
@@ -38,7 +39,10 @@ QDialogButtonBox::StandardButton WarnDiag::showMe(
     return m_pressed;
 }
 
-void WarnDiag::on_MoreLbl_clicked() { showDetails(ui->More_list->isHidden()); }
+void WarnDiag::on_MoreLbl_clicked()
+{
+    showDetails(ui->More_list->isHidden());
+}
 
 void WarnDiag::showDetails(bool shown)
 {

@@ -10,7 +10,10 @@ ScopedHome::ScopedHome()
     paths::makeAll();
 }
 
-ScopedHome::~ScopedHome() { paths::setRoot(QString()); }
+ScopedHome::~ScopedHome()
+{
+    paths::setRoot(QString());
+}
 
 QString ScopedHome::write(const QString& name, const QByteArray& content) const
 {

@@ -42,7 +42,10 @@ ScopedPrompts::~ScopedPrompts()
         QTest::qFail("a queued answer met no dialog", __FILE__, __LINE__);
 }
 
-void ScopedPrompts::handle(std::function<int(QDialog&)> answer) { m_answers << std::move(answer); }
+void ScopedPrompts::handle(std::function<int(QDialog&)> answer)
+{
+    m_answers << std::move(answer);
+}
 
 void ScopedPrompts::press(int which)
 {
@@ -82,13 +85,13 @@ void ScopedPrompts::chooseFile(const QString& file, const QString& filter)
 
 int ScopedPrompts::respond(QDialog& dialog)
 {
-    Seen said {dialog.windowTitle(), textOf(dialog), {}};
+    Seen said{dialog.windowTitle(), textOf(dialog), {}};
     for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
         said.buttons << button->text();
     seen << said;
     if (m_answers.isEmpty()) {
-        QTest::qFail(qPrintable(QStringLiteral("unexpected dialog: %1 | %2").arg(said.title, said.text)), __FILE__,
-            __LINE__);
+        QTest::qFail(qPrintable(QStringLiteral("unexpected dialog: %1 | %2").arg(said.title, said.text)),
+            __FILE__, __LINE__);
         return QDialog::Rejected;
     }
     return m_answers.takeFirst()(dialog);

@@ -25,7 +25,8 @@ public:
 
     /// Presses the standard button with this number (QMessageBox::Ok, QDialogButtonBox::Cancel, ...).
     void press(int standardButton);
-    /// Chooses a file in a file dialog; an empty name cancels. `filter` picks a filter that contains the text.
+    /// Chooses a file in a file dialog; an empty name cancels. `filter` picks a filter that contains the
+    /// text.
     void chooseFile(const QString& file, const QString& filter = QString());
     /// Handles the dialog by hand; the result is that of exec().
     void handle(std::function<int(QDialog&)> answer);
