@@ -1,0 +1,79 @@
+// The command "Обработка" on one record of 1,000,000 samples (SDEV, ADEV, HDEV), as a ratio to the kernels alone.
+
+#include "support/samplerecord.h"
+#include "table/selrectable.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QPushButton>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+
+namespace {
+
+constexpr int samples = 1000000;
+constexpr Statistic statistics[] = {Statistic::Sdev, Statistic::Adev, Statistic::Hdev};
+
+template <typename Work> double seconds(const Work& work)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// One after the other, each over the samples that the command gives it.
+double kernelSeconds(PhaseSeries& series, bool overlap)
+{
+    const TauScale scale = tauScale(1, series.size(), 1.0);
+    double total = 0.0;
+    for (const Statistic statistic : statistics) {
+        const StabilityKernel kernel = stabilityKernel(statistic, overlap);
+        for (size_t k = 0; k < scale.size(); ++k) {
+            total += seconds([&] {
+                benchmark::DoNotOptimize(kernel.perTau(
+                    series.size(), long(scale.factor[k]), series.x.data(), series.t.data(), 1.0));
+            });
+        }
+    }
+    return total;
+}
+
+void process(benchmark::State& state)
+{
+    const bool overlap = state.range(0) != 0;
+    SelRecTable table;
+    Record record;
+    Lehmer random;
+    fillRecord(record, samples, 1.0, [&](int) { return 1e-9 * random.next(); });
+    PhaseSeries series = phaseSeries(record);
+    table.addRecord(&record);
+    table.findChild<QCheckBox*>(QStringLiteral("overlapBox"))->setChecked(overlap);
+
+    double command = 1e9;
+    double kernels = 1e9;
+    for (auto _ : state) {
+        command = std::min(command, seconds([&] { table.on_processBtn_clicked(); }));
+        state.PauseTiming();
+        kernels = std::min(kernels, kernelSeconds(series, overlap));
+        state.ResumeTiming();
+    }
+    state.counters["kernels_s"] = kernels;
+    state.counters["command_to_kernels"] = command / kernels;
+}
+
+BENCHMARK(process)->Arg(0)->Arg(1)->ArgName("overlap")->Iterations(7)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

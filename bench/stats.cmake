@@ -1,0 +1,1 @@
+kronalys_bench(bench_stats LINK stats)
