@@ -88,9 +88,10 @@ QColor color(QWidget* parent, const QColor& start)
     return run(dialog) == QDialog::Accepted ? dialog.selectedColor() : QColor();
 }
 
-bool print(QWidget* parent, QPrinter* printer)
+bool print(QWidget* parent, QPrinter* printer, const QLocale& locale)
 {
     QPrintDialog dialog(printer, parent);
+    dialog.setLocale(locale);
     return run(dialog) == QDialog::Accepted;
 }
 

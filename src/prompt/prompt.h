@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QLocale>
 #include <QMessageBox>
 #include <QString>
 
@@ -31,8 +32,8 @@ QString directory(QWidget* parent, const QString& title, const QString& start);
 /// Asks for a colour; an invalid one when cancelled.
 QColor color(QWidget* parent, const QColor& start);
 
-/// Shows the print dialog for `printer`; false when cancelled.
-bool print(QWidget* parent, QPrinter* printer);
+/// Shows the print dialog for `printer`, in the forms of `locale`; false when cancelled.
+bool print(QWidget* parent, QPrinter* printer, const QLocale& locale = QLocale());
 
 /// Runs any other dialog modally and returns its result.
 int run(QDialog& dialog);

@@ -29,6 +29,9 @@ QDialogButtonBox::StandardButton WarnDiag::showMe(
         warning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation;
     ui->SignLbl->setPixmap(style()->standardIcon(sign).pixmap(48, 48));
     ui->MessageLbl->setText(text);
+    // Long lines wrap, short ones stay as they are written.
+    ui->MessageLbl->setMinimumWidth(
+        qBound(320, ui->MessageLbl->fontMetrics().size(0, text).width() + 4, 640));
     ui->buttonBox->setStandardButtons(buttons);
     ui->More_list->clear();
     ui->More_list->addItems(details);
