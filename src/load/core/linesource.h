@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+#include <cstring>
+#include <functional>
+#include <memory>
+
+/// The lines of a text file, read in blocks, so that the file is never in memory as a whole.
+///
+/// Lines end at byte 10. A UTF-8 byte-order mark at the start of the file is passed over. Only regular files
+/// are read: a pipe or a device may never end.
+class LineSource {
+public:
+    explicit LineSource(const QString& fileName);
+
+    /// False when the file cannot be read; error() then tells why.
+    bool open();
+    /// Called with the share of the file read so far, about once a megabyte; false ends the lines.
+    void setProgress(std::function<bool(double)> progress) { m_progress = std::move(progress); }
+
+    /// The next line without its end. The characters may be changed and stay valid until the next call. False
+    /// at the end of the file, after a read error (failed()) and when the progress callback said so
+    /// (cancelled()).
+    bool next(char*& begin, char*& end)
+    {
+        do {
+            char* const from = m_text.get() + m_searched;
+            void* const found = std::memchr(from, '\n', m_end - m_searched);
+            if (found) {
+                begin = m_text.get() + m_begin;
+                end = static_cast<char*>(found);
+                m_begin = m_searched = std::size_t(end - m_text.get()) + 1;
+                return true;
+            }
+            m_searched = m_end;
+        } while (refill());
+        return lastLine(begin, end);
+    }
+
+    /// Bytes of the file up to the end of the current line, and of all of it as it was when it was opened.
+    qint64 consumed() const { return m_blockStart + qint64(m_begin); }
+    qint64 size() const { return m_size; }
+    bool failed() const { return m_failed; }
+    bool cancelled() const { return m_cancelled; }
+    QString error() const { return m_error; }
+
+private:
+    bool refill();
+    bool lastLine(char*& begin, char*& end);
+    void makeRoom();
+
+    QFile m_file;
+    QString m_error;
+    std::function<bool(double)> m_progress;
+    std::unique_ptr<char[]> m_text;
+    std::size_t m_capacity = 0;
+    std::size_t m_begin = 0; // of the current line in m_text
+    std::size_t m_searched = 0; // no line end in [m_begin, m_searched)
+    std::size_t m_end = 0; // of the text read so far
+    qint64 m_blockStart = 0; // position of m_text in the file
+    qint64 m_size = 0;
+    bool m_failed = false;
+    bool m_cancelled = false;
+    bool m_atEnd = false;
+};
