@@ -248,7 +248,8 @@ double* doubleArray::prevEl(bool& ok)
     qint64 pos = qint64(itPos) - 1;
     while (pos < 0 && part > 0)
         pos = qint64(DayLengths.at(--part)) - 1;
-    if (pos < 0 || pos >= DayLengths.at(part))
+    // Values that removeLast() took off the end still stand in the buffer.
+    if (pos < 0 || pos >= std::max(DayLengths.at(part), filled.at(part)))
         return firstBuffer();
     itDay = quint16(part);
     itPos = quint32(pos);

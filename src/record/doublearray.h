@@ -70,8 +70,9 @@ public:
     /// buffer of part 0 (null without parts) and the iterator stays, except that it moves to the last part
     /// when only empty parts follow. The iterator reaches the first 65535 parts.
     double* nextEl(bool& ok);
-    /// Moves the iterator to the value before, over empty parts. At the front, and when the array has shrunk
-    /// below the iterator, `ok` is false, the result is as for nextEl and the iterator stays.
+    /// Moves the iterator to the value before, over empty parts; also onto values that removeLast() took off.
+    /// At the front, and when the array was cleared below the iterator, `ok` is false, the result is as for
+    /// nextEl and the iterator stays.
     double* prevEl(bool& ok);
     /// Puts the iterator on a running index; on part 0, position 0 when there is no such value.
     void resetIterator(int index);
