@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QPolygonF>
+#include <QVector>
+
+#include <array>
+#include <functional>
+
+class QPainter;
+class QwtText;
+class QwtTextLabel;
+
+/// The three text boxes on the canvas of a graph. They keep 10 pixels from their corner, stay inside the
+/// canvas at any size, and let the mouse through.
+class PlotBoxes : public QObject {
+    Q_OBJECT
+public:
+    enum Box { TopRight, BottomLeft, BottomRight };
+    static constexpr int count = 3;
+
+    explicit PlotBoxes(QWidget* canvas);
+
+    QwtTextLabel* label(Box box) const { return m_labels[size_t(box)]; }
+    void show(Box box, const QwtText& text);
+    void hide(Box box);
+
+    /// Gives the lines that the first box should not cover, in pixels of the canvas. It moves to a free
+    /// corner when its own is taken and another one is not.
+    void setObstacles(std::function<QVector<QPolygonF>()> obstacles) { m_obstacles = std::move(obstacles); }
+
+    /// Puts the boxes where they belong; to be called when the picture below them has changed.
+    void place();
+    /// Draws the visible boxes into another picture of the canvas.
+    void draw(QPainter* painter, const QRectF& canvas) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QRect rectOf(Box box, Qt::Corner corner, const QRect& canvas) const;
+    Qt::Corner cornerOf(Box box, const QRect& canvas) const;
+    Qt::Corner freeCorner(const QRect& canvas) const;
+
+    QWidget* m_canvas;
+    std::array<QwtTextLabel*, count> m_labels{};
+    std::function<QVector<QPolygonF>()> m_obstacles;
+};

@@ -1,0 +1,286 @@
+#include "plot/plotform.h"
+
+#include "plot/multiaxisplot.h"
+#include "plot/plaintooltip.h"
+#include "plot/plotboxes.h"
+#include "plot/plotlegend.h"
+#include "plot/plotslot.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QEvent>
+#include <QIcon>
+#include <QKeySequence>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QVBoxLayout>
+#include <qwt_interval_symbol.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_grid.h>
+#include <qwt_plot_marker.h>
+#include <qwt_text_label.h>
+
+#include <array>
+
+namespace {
+
+constexpr int menuHeight = 30;
+constexpr int barWidth = 8;
+/// Pixels between the plot and the edges of the window.
+constexpr int plotMargin = 6;
+
+QColor penColor(int slot)
+{
+    static const std::array<QColor, 8> colors = {QColor(5, 10, 150), QColor(Qt::red), QColor(Qt::green),
+        QColor(Qt::magenta), QColor(255, 128, 0), QColor(Qt::darkGreen), QColor(Qt::cyan),
+        QColor(0, 100, 255)};
+    return colors[size_t(slot) % colors.size()];
+}
+
+std::unique_ptr<QwtPlotMarker> newMarker(const QString& label, bool vertical)
+{
+    auto marker = std::make_unique<QwtPlotMarker>();
+    marker->setLineStyle(vertical ? QwtPlotMarker::VLine : QwtPlotMarker::HLine);
+    marker->setLinePen(QColor(171, 35, 46), 1.0, Qt::SolidLine);
+    marker->setLabel(QwtText(label, QwtText::PlainText));
+    marker->setLabelAlignment(vertical ? Qt::AlignTop | Qt::AlignRight : Qt::AlignRight | Qt::AlignTop);
+    marker->setVisible(false);
+    return marker;
+}
+
+} // namespace
+
+PlotForm::PlotForm(int* number, QWidget* parent)
+    : QWidget(parent)
+    , m_number(number)
+{
+    setWindowIcon(QIcon(QStringLiteral(":/bmp/bmp/B_FR_DIF.BMP")));
+    setBaseSize(400, 400);
+    setMinimumSize(475, 400);
+    resize(493, 400);
+
+    m_menuBar = new QMenuBar(this);
+    m_menuBar->setNativeMenuBar(false);
+    m_menuBar->setFixedHeight(menuHeight);
+    m_statusLabel = new QLabel(this);
+    m_statusLabel->setObjectName(QStringLiteral("statusLabel"));
+    m_statusLabel->setTextFormat(Qt::PlainText);
+    m_statusLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_statusLabel->setMargin(2);
+    // A long text must not widen the window, and an empty one must not let the plot jump.
+    m_statusLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_statusLabel->setFixedHeight(m_statusLabel->fontMetrics().height() + 4);
+
+    buildPlot();
+    buildMarkers();
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->setMenuBar(m_menuBar);
+    rows->addWidget(m_statusLabel);
+    auto* frame = new QHBoxLayout;
+    frame->setContentsMargins(plotMargin, 0, plotMargin, plotMargin);
+    frame->addWidget(m_plot);
+    rows->addLayout(frame, 1);
+
+    buildMenus();
+    connect(m_plot, &MultiAxisPlot::legendChecked, this, &PlotForm::showCurve);
+    setMarkerMode();
+    PlotForm::retranslate();
+}
+
+PlotForm::~PlotForm() = default;
+
+void PlotForm::buildPlot()
+{
+    m_plot = new MultiAxisPlot(this);
+    m_plot->setObjectName(QStringLiteral("plot"));
+    auto* canvas = qobject_cast<QwtPlotCanvas*>(m_plot->canvas());
+    canvas->setFrameStyle(QFrame::Box | QFrame::Plain);
+    canvas->setLineWidth(1);
+    m_plot->setCanvasBackground(Qt::white);
+    m_plot->titleLabel()->setFont(QFont(QStringLiteral("Arial"), 12, QFont::Normal));
+    m_plot->setAxisFont(QFont(QStringLiteral("Arial"), 10));
+    auto* legend = new PlotLegend;
+    legend->setFont(QFont(QStringLiteral("Arial"), 10));
+    m_plot->insertLegend(legend, QwtPlot::TopLegend, legendShare);
+    m_plot->setAxisAutoScale(MultiAxisPlot::bottomAxis);
+
+    m_grid = std::make_unique<QwtPlotGrid>();
+    m_grid->enableXMin(true);
+    m_grid->enableYMin(true);
+    m_grid->setMajorPen(Qt::black, 0.0, Qt::DotLine);
+    m_grid->setMinorPen(Qt::gray, 0.0, Qt::DotLine);
+    m_grid->attach(m_plot);
+
+    for (int i = 0; i < curveLimit; ++i) {
+        auto slot = std::make_unique<Slot>();
+        slot->pen = QPen(penColor(i), 1.0);
+        slot->curve.setPen(slot->pen);
+        slot->curve.setRenderHint(QwtPlotItem::RenderAntialiased);
+        slot->curve.setLegendIconSize(QSize(24, 10));
+        slot->bars.setStyle(QwtPlotIntervalCurve::NoCurve);
+        auto* symbol = new QwtIntervalSymbol(QwtIntervalSymbol::Bar);
+        symbol->setWidth(barWidth);
+        symbol->setPen(slot->pen);
+        slot->bars.setSymbol(symbol);
+        slot->bars.setRenderHint(QwtPlotItem::RenderAntialiased, false);
+        slot->bars.setItemAttribute(QwtPlotItem::Legend, false);
+        slot->bars.setVisible(false);
+        m_slots[size_t(i)] = std::move(slot);
+    }
+
+    m_boxes = new PlotBoxes(m_plot->canvas());
+    m_boxes->setObstacles([this] { return visibleLines(); });
+}
+
+void PlotForm::buildMarkers()
+{
+    m_x1 = newMarker(QStringLiteral("X1"), true);
+    m_y1 = newMarker(QStringLiteral("Y1"), false);
+    m_x2 = newMarker(QStringLiteral("X2"), true);
+    m_y2 = newMarker(QStringLiteral("Y2"), false);
+    for (QwtPlotMarker* marker : {m_x1.get(), m_y1.get(), m_x2.get(), m_y2.get()})
+        m_plot->attach(marker, currentAxis);
+}
+
+QAction* PlotForm::addCommand(QMenu* menu, const char* icon, void (PlotForm::*slot)())
+{
+    QAction* action = menu->addAction(QIcon(QString::fromLatin1(icon)), QString());
+    if (slot)
+        connect(action, &QAction::triggered, this, slot);
+    return action;
+}
+
+void PlotForm::buildMenus()
+{
+    m_optionsMenu = m_menuBar->addMenu(QString());
+    m_toolsMenu = m_menuBar->addMenu(QString());
+    m_processMenu = m_menuBar->addMenu(QString());
+    QAction* save = addCommand(m_optionsMenu, ":/bmp/bmp/SAVE.png", &PlotForm::saveImage);
+    QAction* print = addCommand(m_optionsMenu, ":/bmp/bmp/PRT-UP.BMP", &PlotForm::printImage);
+    save->setShortcut(QKeySequence::Save);
+    print->setShortcut(QKeySequence::Print);
+    QAction* properties = addCommand(m_optionsMenu, "", nullptr);
+    QAction* comment = addCommand(m_optionsMenu, "", nullptr);
+    QAction* ascii = addCommand(m_optionsMenu, "", &PlotForm::exportASCII);
+    m_markerAction = addCommand(m_toolsMenu, "", &PlotForm::setMarkerMode);
+    m_zoomAction = addCommand(m_toolsMenu, "", &PlotForm::setZoomMode);
+    QAction* period = addCommand(m_toolsMenu, "", nullptr);
+    m_boundsAction = addCommand(m_processMenu, ":/bmp/bmp/Cut.png", nullptr);
+    QAction* newRecord = addCommand(m_processMenu, "", nullptr);
+    for (QAction* action : {m_markerAction, m_zoomAction, m_boundsAction})
+        action->setCheckable(true);
+    // These stay out of sight until the panels and commands behind them exist.
+    for (QAction* action : {properties, comment, period, m_boundsAction, newRecord})
+        action->setVisible(false);
+
+    m_axisMenu = m_toolsMenu->addMenu(QString());
+    m_axisGroup = new QActionGroup(this);
+    m_axisGroup->setExclusive(true);
+    for (int i = 0; i < MultiAxisPlot::yAxisCount; ++i) {
+        QAction* action = m_axisMenu->addAction(QString());
+        action->setCheckable(true);
+        m_axisGroup->addAction(action);
+    }
+    m_axisGroup->actions().first()->setChecked(true);
+    connect(m_axisGroup, &QActionGroup::triggered, this, &PlotForm::CurAxisChenged);
+    m_toolsMenu->installEventFilter(this);
+    SetAxisNum(axisCount);
+
+    m_actionTexts = {{save, QT_TR_NOOP("Сохранить")}, {print, QT_TR_NOOP("Печать")},
+        {properties, QT_TR_NOOP("Свойства графика")}, {comment, QT_TR_NOOP("Вставить комментарий")},
+        {ascii, QT_TR_NOOP("Экспорт в ASCII")}, {m_markerAction, QT_TR_NOOP("Маркер")},
+        {m_zoomAction, QT_TR_NOOP("Масштаб")}, {period, QT_TR_NOOP("Задать интервал времени")},
+        {m_boundsAction, QT_TR_NOOP("Отметить границы")},
+        {newRecord, QT_TR_NOOP("Сохранить как новую запись")}};
+}
+
+void PlotForm::retranslate()
+{
+    m_optionsMenu->setTitle(tr("О&пции"));
+    m_toolsMenu->setTitle(tr("&Инструменты"));
+    m_processMenu->setTitle(tr("О&бработка"));
+    m_axisMenu->setTitle(tr("Ось"));
+    for (const auto& [action, text] : m_actionTexts)
+        action->setText(tr(text));
+    const QList<QAction*> axes = m_axisGroup->actions();
+    for (int i = 0; i < axes.size(); ++i)
+        axes[i]->setText(tr("Ось #") + QString::number(i + 1));
+    if (m_title)
+        setWindowTitle(m_title());
+    for (const auto& [axis, text] : m_axisTitles)
+        m_plot->setAxisTitle(axis, text());
+    for (int i = 0; i < curveCount; ++i)
+        setCurveTitle(i, m_slots[size_t(i)]->curve.title().text());
+}
+
+void PlotForm::setTitleSource(Text text)
+{
+    m_title = std::move(text);
+    setWindowTitle(m_title());
+}
+
+void PlotForm::setAxisTitleSource(int axis, Text text)
+{
+    m_plot->setAxisTitle(axis, text());
+    m_axisTitles[axis] = std::move(text);
+}
+
+void PlotForm::setPlotTitle(const QString& title)
+{
+    QwtText text(title, QwtText::PlainText);
+    text.setRenderFlags(Qt::AlignCenter | Qt::TextWordWrap);
+    m_plot->setTitle(text);
+}
+
+void PlotForm::setStatusText(const QString& text)
+{
+    m_status = text;
+    elideStatus();
+}
+
+void PlotForm::elideStatus()
+{
+    const int room = m_statusLabel->width() - 2 * m_statusLabel->margin();
+    const QString shown = m_statusLabel->fontMetrics().elidedText(m_status, Qt::ElideMiddle, room);
+    m_statusLabel->setText(shown);
+    m_statusLabel->setToolTip(shown == m_status ? QString() : plainToolTip(m_status));
+}
+
+void PlotForm::replot()
+{
+    m_plot->replot();
+    m_boxes->place();
+}
+
+void PlotForm::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    layout()->activate();
+    elideStatus();
+}
+
+void PlotForm::closeEvent(QCloseEvent* event)
+{
+    emit IsClosing(this);
+    event->accept();
+}
+
+void PlotForm::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+        replot();
+    }
+    QWidget::changeEvent(event);
+}
+
+bool PlotForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_toolsMenu && event->type() == QEvent::Show)
+        m_axisMenu->menuAction()->setVisible(m_usedAxes.size() > 1);
+    return QWidget::eventFilter(watched, event);
+}

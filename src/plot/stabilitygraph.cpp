@@ -1,0 +1,72 @@
+#include "plot/stabilitygraph.h"
+
+#include "plot/avarform.h"
+#include "stats/statisticname.h"
+
+#include <QCoreApplication>
+#include <QIcon>
+
+#include <algorithm>
+
+namespace {
+
+class StabilityGraph {
+    Q_DECLARE_TR_FUNCTIONS(StabilityGraph)
+
+public:
+    static QString text(const StabilityNotes& notes)
+    {
+        QString text;
+        if (notes.driftRemoved)
+            text += tr(". Дрейф искл.");
+        if (notes.overlapped)
+            text += tr(". С перекрытиями.");
+        if (notes.cross)
+            text += tr(". Кросс-обработка.");
+        return text;
+    }
+
+    static QString leftOut(const QStringList& titles)
+    {
+        return tr("Не показаны (мало точек или нет места): ") + titles.join(QStringLiteral(", "));
+    }
+};
+
+bool addCurve(AvarForm& form, const StabilityCurve& curve)
+{
+    const size_t points = std::min(curve.tau.size(), curve.value.size());
+    if (points <= stabilityPointsTooFew || form.curveCount >= PlotForm::curveLimit)
+        return false;
+    const int index = form.curveCount;
+    std::vector<double> tau = curve.tau;
+    std::vector<double> value = curve.value;
+    form.addData(curve.channel, long(points), tau.data(), value.data(), 0, curve.start, curve.stop);
+    form.setCurveTitle(index, curve.title);
+    return true;
+}
+
+} // namespace
+
+QString notesText(const StabilityNotes& notes)
+{
+    return StabilityGraph::text(notes);
+}
+
+QStringList showStability(
+    AvarForm& form, Statistic statistic, const QVector<StabilityCurve>& curves, const StabilityNotes& notes)
+{
+    form.setStability(statistic);
+    form.setTitleSource([statistic, notes] { return statisticName(statistic) + notesText(notes); });
+    form.setWindowIcon(
+        QIcon(notes.cross ? QStringLiteral(":/bmp/B_VARCross.bmp") : QStringLiteral(":/bmp/B_VAR.bmp")));
+    QStringList leftOut;
+    for (const StabilityCurve& curve : curves) {
+        if (!addCurve(form, curve))
+            leftOut << curve.title;
+    }
+    form.setMarkerMode();
+    form.initZoomer();
+    if (!leftOut.isEmpty())
+        form.setStatusText(StabilityGraph::leftOut(leftOut));
+    return leftOut;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "stats/statistic.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <vector>
+
+class AvarForm;
+
+/// The values of a statistic over tau, for one record or one combination of records.
+struct StabilityCurve {
+    quint16 channel = 0;
+    QString title;
+    std::vector<double> tau; ///< s
+    std::vector<double> value; ///< may be shorter than tau: then of the leading ones
+    QDateTime start; ///< of the record
+    QDateTime stop;
+};
+
+/// What was done to the records first; told in the titles of windows.
+struct StabilityNotes {
+    bool driftRemoved = false;
+    bool overlapped = false;
+    bool cross = false;
+};
+
+/// The notes in words, to follow the name of a statistic; each begins with a full stop. Empty without any.
+QString notesText(const StabilityNotes& notes);
+
+/// Curves of this many points or fewer are not drawn.
+constexpr size_t stabilityPointsTooFew = 10;
+
+/// Makes `form` the graph of a statistic: logarithmic axes, titles, icon and the curves with their error
+/// bars. With exactly one curve the plot carries the name and the dates of its record, and the table of
+/// values. Curves that are too short, or that the window has no room for, stay out; the status line says so,
+/// and their titles are returned.
+QStringList showStability(
+    AvarForm& form, Statistic statistic, const QVector<StabilityCurve>& curves, const StabilityNotes& notes);

@@ -1,0 +1,217 @@
+#include "base/globals.h"
+#include "graphs.h"
+#include "plot/multiaxisplot.h"
+#include "support/near.h"
+
+#include <QAction>
+#include <QSignalSpy>
+#include <QTest>
+#include <qwt_plot_intervalcurve.h>
+#include <qwt_text_label.h>
+
+#include <cmath>
+
+class TestAvarForm : public QObject {
+    Q_OBJECT
+private slots:
+    void cleanup() { App_lang.clear(); }
+    void addDataLimits();
+    void emptyCurves();
+    void arraysAreCopied();
+    void barsOnStabilityOnly();
+    void sqrt2TwiceRestores();
+    void valueTable();
+    void tableOfOneVisibleCurveOnly();
+    void windowNumberOneHasNoTable();
+    void boxStaysInside();
+    void boxLeavesTheCurveFree();
+    void retranslates();
+    void closing();
+};
+
+void TestAvarForm::addDataLimits()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    for (unsigned short i = 0; i < 40; ++i)
+        add(form, i, 3);
+    QCOMPARE(form.curveCount, 32);
+    QCOMPARE(form.visibleCount, 32);
+    QCOMPARE(form.channels.size(), 32);
+    double value = 1.0;
+    form.addData(300, 1, &value, &value);
+    QCOMPARE(form.curveCount, 32);
+    QCOMPARE(form.channels.size(), 33);
+    QCOMPARE(form.channels.last(), static_cast<unsigned short>(300));
+}
+
+void TestAvarForm::emptyCurves()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    double value = 1.0;
+    form.addData(255, 0, &value, &value);
+    form.addData(1, -5, &value, &value);
+    form.addData(1, 1, nullptr, &value);
+    QCOMPARE(form.curveCount, 0);
+    form.addData(256, 0, nullptr, nullptr);
+    QCOMPARE(form.curveCount, 1);
+    QCOMPARE(form.curve(0)->dataSize(), size_t(0));
+}
+
+void TestAvarForm::arraysAreCopied()
+{
+    AvarForm form(nullptr, nullptr, 2);
+    double x[] = {1.0, 2.0};
+    double y[] = {-3.0, 4.0};
+    form.addData(1, 2, x, y);
+    x[0] = y[0] = 99.0;
+    QCOMPARE(samples(*form.curve(0)), (QVector<QPointF>{{1.0, -3.0}, {2.0, 4.0}}));
+    NEAR(form.yMin, -3.0);
+    NEAR(form.yMax, 4.0);
+}
+
+void TestAvarForm::barsOnStabilityOnly()
+{
+    for (const int kind : {0, 1, 2, 3}) {
+        AvarForm form(nullptr, nullptr, kind);
+        add(form, 1, 4);
+        QCOMPARE(form.bars(0)->dataSize(), size_t(kind == 3 ? 4 : 0));
+    }
+    AvarForm form(nullptr, nullptr, 3);
+    double tau = 10.0;
+    double value = 4.0;
+    form.addData(1, 1, &tau, &value, 0, start, start.addSecs(50));
+    NEAR(form.bars(0)->sample(0).interval.minValue(), 2.0);
+    NEAR(form.bars(0)->sample(0).interval.maxValue(), 6.0);
+    form.sqrt2Action->trigger();
+    NEAR(form.bars(0)->sample(0).interval.minValue(), std::sqrt(2.0));
+}
+
+void TestAvarForm::sqrt2TwiceRestores()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    add(form, 1, 10);
+    add(form, 2, 7);
+    const auto before = samples(*form.curve(1));
+    form.sqrt2Action->trigger();
+    QCOMPARE(form.curve(1)->sample(2).y(), before[2].y() / 1.4142135623730951);
+    form.sqrt2Action->trigger();
+    const auto after = samples(*form.curve(1));
+    for (int i = 0; i < before.size(); ++i)
+        QVERIFY(before[i].x() == after[i].x() && before[i].y() == after[i].y());
+}
+
+void TestAvarForm::valueTable()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Mtie);
+    add(form, 1, 5);
+    const auto* box = form.findChild<QwtTextLabel*>("topRightBox");
+    QVERIFY(!box->isHidden());
+    QCOMPARE(box->text().text().count("<TR"), 3);
+    QVERIFY(box->text().text().contains("МОВИ</TD>"));
+    QCOMPARE(form.plot()->title().text(), QString("rec 1 (01.02.25 10:00:00)  - (12.02.25 23:46:40)"));
+    form.sqrt2Action->trigger();
+    QVERIFY(box->text().text().contains("МОВИ/sqrt(2)</TD>"));
+    // The factor is applied once, to the values as given.
+    QVERIFY2(box->text().text().contains("1.41E-11"), qPrintable(box->text().text()));
+}
+
+void TestAvarForm::tableOfOneVisibleCurveOnly()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    const auto* box = form.findChild<QwtTextLabel*>("topRightBox");
+    add(form, 1, 21);
+    QCOMPARE(box->text().text().count("<TR"), 10);
+    add(form, 2, 5);
+    QVERIFY(box->isHidden());
+    QVERIFY(form.plot()->title().text().isEmpty());
+    emit form.plot()->legendChecked(form.curve(0), false);
+    QCOMPARE(form.visibleCount, 1);
+    QVERIFY(!box->isHidden());
+    QCOMPARE(box->text().text().count("<TR"), 3);
+    emit form.plot()->legendChecked(form.curve(1), false);
+    QCOMPARE(form.visibleCount, 0);
+    QVERIFY(box->isHidden());
+}
+
+void TestAvarForm::windowNumberOneHasNoTable()
+{
+    int number = 1;
+    AvarForm form(&number, nullptr, 0);
+    add(form, 1, 5);
+    QVERIFY(form.findChild<QwtTextLabel*>("topRightBox")->isHidden());
+}
+
+void TestAvarForm::boxStaysInside()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Adev);
+    add(form, 1, 21);
+    showWindow(form);
+    const auto* box = form.findChild<QwtTextLabel*>("topRightBox");
+    for (const QSize size : {QSize(900, 700), QSize(475, 400), QSize(600, 420)}) {
+        form.resize(size);
+        QCoreApplication::processEvents();
+        const QRect canvas = form.plot()->canvas()->rect();
+        QVERIFY2(canvas.adjusted(10, 10, -10, -10).contains(box->geometry()), qPrintable(form.windowTitle()));
+    }
+}
+
+void TestAvarForm::boxLeavesTheCurveFree()
+{
+    const auto cornerIsRight = [](double slope, bool marked) {
+        AvarForm form(nullptr, nullptr, 3);
+        form.setStability(Statistic::Adev);
+        double tau[] = {1.0, 10.0, 100.0, 1000.0};
+        double value[4];
+        for (int i = 0; i < 4; ++i)
+            value[i] = 9e-12 * std::pow(tau[i], slope);
+        form.addData(1, 4, tau, value, 0, start, start.addDays(100));
+        form.resize(800, 600);
+        form.show();
+        QCoreApplication::processEvents();
+        const auto* box = form.findChild<QwtTextLabel*>("topRightBox");
+        // The name of a marker at the right edge, behind the box.
+        if (marked)
+            QTest::mousePress(form.plot()->canvas(), Qt::LeftButton, {}, QPoint(200, 60));
+        return box->geometry().center().x() > form.plot()->canvas()->width() / 2;
+    };
+    QVERIFY(cornerIsRight(-1.0, false));
+    QVERIFY(!cornerIsRight(-1.0, true));
+    QVERIFY(!cornerIsRight(1.0, false));
+}
+
+void TestAvarForm::retranslates()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Tdev);
+    form.setTitleSource([] { return App_lang == "en" ? QString("Stability") : QString("Вариации"); });
+    add(form, 1, 5);
+    QCOMPARE(form.windowTitle(), QString("Вариации"));
+    QCOMPARE(form.plot()->axisTitle(0), QString("ДВИ, с"));
+    App_lang = "en";
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(&form, &change);
+    QCOMPARE(form.windowTitle(), QString("Stability"));
+    QCOMPARE(form.plot()->axisTitle(0), QString("TDEV, s"));
+    QVERIFY(form.findChild<QwtTextLabel*>("topRightBox")->text().text().contains("tau, s"));
+}
+
+void TestAvarForm::closing()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    add(form, 7, 5);
+    QSignalSpy closed(&form, &PlotForm::IsClosing);
+    QSignalSpy cut(&form, &AvarForm::forRec);
+    emit form.forRecByIND(0, 1.0, 2.0);
+    emit form.forRecByIND(1, 1.0, 2.0);
+    QCOMPARE(cut.size(), 1);
+    QCOMPARE(cut[0][0].toUInt(), 7U);
+    form.show();
+    form.close();
+    QCOMPARE(closed.size(), 1);
+    QCOMPARE(closed[0][0].value<QObject*>(), static_cast<QObject*>(&form));
+}
+
+QTEST_MAIN(TestAvarForm)
+#include "tst_avarform.moc"

@@ -1,0 +1,254 @@
+#include "graphs.h"
+#include "plot/multiaxisplot.h"
+#include "plot/plotlegend.h"
+#include "support/near.h"
+#include "support/scopedhome.h"
+#include "support/scopedprompts.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextCodec>
+
+namespace {
+
+QByteArray contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool blank(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != image.pixel(0, 0))
+                return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+class TestPlotExport : public QObject {
+    Q_OBJECT
+private slots:
+    void images_data();
+    void images();
+    void vectorImagesStayVector();
+    void longLegend();
+    void imageFailures();
+    void saveImageByDialog();
+    void print();
+    void asciiExport();
+};
+
+void TestPlotExport::images_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<bool>("shown");
+    for (const char* suffix : {"png", "bmp", "jpeg", "JPG", "svg"})
+        QTest::newRow(suffix) << QString(suffix) << true;
+    QTest::newRow("never shown") << "png" << false;
+}
+
+void TestPlotExport::images()
+{
+    QFETCH(QString, suffix);
+    QFETCH(bool, shown);
+    QTemporaryDir dir;
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Adev);
+    add(form, 1, 12);
+    if (shown)
+        showWindow(form);
+    const QString file = dir.filePath("graph." + suffix);
+    QString error;
+    QVERIFY2(form.saveImageTo(file, &error), qPrintable(error));
+    QImageReader reader(file);
+    const QImage image = reader.read();
+    QVERIFY2(!image.isNull(), qPrintable(reader.errorString()));
+    QVERIFY(!blank(image));
+    if (suffix == "png" || suffix == "bmp")
+        QCOMPARE(qRound(image.dotsPerMeterX() * 0.0254), 300);
+    if (suffix == "svg")
+        return;
+    NEAR(double(image.width()), form.width() * 300.0 / form.logicalDpiX(), 0.02);
+    NEAR(double(image.width()) / image.height(), form.plot()->width() / double(form.plot()->height()), 0.05);
+    // The picture ends in a white edge: nothing is cut off.
+    for (int y = 0; y < image.height(); ++y)
+        QVERIFY(qGray(image.pixel(2, y)) > 240 && qGray(image.pixel(image.width() - 3, y)) > 240);
+}
+
+void TestPlotExport::vectorImagesStayVector()
+{
+    QTemporaryDir dir;
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Adev);
+    add(form, 1, 12);
+    const QString pdf = dir.filePath("graph.pdf");
+    QVERIFY(form.saveImageTo(pdf));
+    const QByteArray document = contentOf(pdf);
+    QVERIFY(document.startsWith("%PDF"));
+    QVERIFY(document.contains("/FontFile"));
+    QVERIFY(!document.contains("/Subtype /Image"));
+    const QString svg = dir.filePath("graph.svg");
+    QVERIFY(form.saveImageTo(svg));
+    const QByteArray drawing = contentOf(svg);
+    QVERIFY(drawing.contains("<polyline") && !drawing.contains("<image"));
+    QVERIFY(drawing.contains("Интервал времени"));
+    // The table box of the one visible curve.
+    QVERIFY(drawing.contains("СКДО") && drawing.contains("2.00E-11"));
+    const QString tif = dir.filePath("graph.tif");
+    QVERIFY(form.saveImageTo(tif));
+    QVERIFY(contentOf(tif).startsWith(QByteArray("II*\0", 4)));
+    QVERIFY(contentOf(tif).size() > 5000);
+}
+
+void TestPlotExport::longLegend()
+{
+    QTemporaryDir dir;
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Adev);
+    for (unsigned short i = 0; i < 32; ++i) {
+        add(form, i, 12);
+        form.setCurveTitle(i, QString("#%1; ").arg(i) + QString(60, 'n'));
+    }
+    showWindow(form);
+    // On the screen the titles are shortened, and the legend scrolls up and down only.
+    const auto* legend = form.plot()->legend();
+    for (const LegendCheck* entry : form.findChildren<LegendCheck*>())
+        QVERIFY(entry->geometry().right() < legend->width());
+    QVERIFY(legend->height() < form.plot()->height() / 3);
+
+    // In a picture nothing scrolls: all that is visible stands above a canvas of the same size.
+    form.showCurve(form.curve(7), false);
+    const QString svg = dir.filePath("graph.svg");
+    QVERIFY(form.saveImageTo(svg));
+    const QByteArray drawing = contentOf(svg);
+    for (int i = 0; i < 32; ++i)
+        QCOMPARE(drawing.contains(QString("#%1; n").arg(i).toLatin1()), i != 7);
+    const int rows = QImage(svg).height() - form.plot()->height();
+    QVERIFY2(rows > 100 && rows < 400, qPrintable(QString::number(rows)));
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(legend->findChildren<LegendCheck*>().size(), 32);
+    QVERIFY(legend->height() < form.plot()->height() / 3);
+}
+
+void TestPlotExport::imageFailures()
+{
+    QTemporaryDir dir;
+    AvarForm form(nullptr, nullptr, 3);
+    QString error;
+    QVERIFY(!form.saveImageTo(dir.filePath("graph.png"), &error) && !error.isEmpty());
+    add(form, 1, 5);
+    error.clear();
+    QVERIFY(!form.saveImageTo(dir.filePath("graph.xyz"), &error) && !error.isEmpty());
+    error.clear();
+    QVERIFY(!form.saveImageTo(dir.filePath("no/such/graph.png"), &error) && !error.isEmpty());
+    // A directory stands in the way of the file.
+    QVERIFY(QDir(dir.path()).mkdir("graph.png"));
+    ScopedPrompts prompts;
+    prompts.chooseFile(dir.filePath("graph"), "*.png");
+    prompts.press(QMessageBox::Ok);
+    form.saveImage();
+    QVERIFY2(prompts.seen.last().text.contains("graph.png"), qPrintable(prompts.seen.last().text));
+}
+
+void TestPlotExport::saveImageByDialog()
+{
+    ScopedHome home;
+    AvarForm form(nullptr, nullptr, 3);
+    add(form, 1, 5);
+    ScopedPrompts prompts;
+    prompts.chooseFile(home.file("graph.PDF"), "*.png");
+    form.saveImage();
+    QVERIFY(!QImage(home.file("graph.png")).isNull());
+    QCOMPARE(prompts.seen.first().title, QString("Сохранить график"));
+    prompts.chooseFile(QString());
+    form.saveImage();
+    // The dialog cannot warn of a file that it was not asked for.
+    home.write("graph.png", "kept");
+    prompts.chooseFile(home.file("graph"), "*.png");
+    prompts.press(QMessageBox::No);
+    form.saveImage();
+    QCOMPARE(contentOf(home.file("graph.png")), QByteArray("kept"));
+    prompts.chooseFile(home.file("graph"), "*.png");
+    prompts.press(QMessageBox::Yes);
+    form.saveImage();
+    QVERIFY(!QImage(home.file("graph.png")).isNull());
+}
+
+void TestPlotExport::print()
+{
+    ScopedHome home;
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Adev);
+    add(form, 1, 5);
+    add(form, 2, 5);
+    form.showCurve(form.curve(0), false);
+    ScopedPrompts prompts;
+    const auto printTo = [&](const QString& file) {
+        prompts.handle([file](QDialog& dialog) {
+            auto* print = qobject_cast<QPrintDialog*>(&dialog);
+            print->printer()->setOutputFormat(QPrinter::PdfFormat);
+            print->printer()->setOutputFileName(file);
+            return int(QDialog::Accepted);
+        });
+    };
+    printTo(home.file("out.pdf"));
+    form.printImage();
+    QVERIFY(contentOf(home.file("out.pdf")).startsWith("%PDF"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto entries = form.findChildren<LegendCheck*>();
+    QCOMPARE(entries.size(), 2);
+    for (const LegendCheck* entry : entries)
+        QCOMPARE(entry->isChecked(), entry->text().text() == "rec 2");
+    printTo(home.file("no/such/out.pdf"));
+    prompts.press(QMessageBox::Ok);
+    form.printImage();
+}
+
+void TestPlotExport::asciiExport()
+{
+    ScopedHome home;
+    AvarForm form(nullptr, nullptr, 3);
+    double tau[] = {10.0, 20.0};
+    double value[] = {4.0, 2.0};
+    form.addData(1, 2, tau, value, 0, start, start.addSecs(50));
+    form.setCurveTitle(0, "Канал Ω");
+    double other[] = {7.0};
+    form.addData(2, 1, tau, other, 0, start, start.addSecs(50));
+    form.setCurveTitle(1, "hidden");
+    form.showCurve(form.curve(1), false);
+    QVERIFY(form.exportASCIITo(home.file("t.txt")));
+    QTextCodec* codec = QTextCodec::codecForName("Windows-1251");
+    const QStringList lines = codec->toUnicode(contentOf(home.file("t.txt"))).split('\n');
+    const QString minMax = "                 Min                 Max|";
+    QCOMPARE(lines[0], "             tau, c|" + QString("Канал ?").rightJustified(20) + minMax);
+    QCOMPARE(lines[1],
+        "                 10|" + QString("4").rightJustified(20) + QString("2").rightJustified(20)
+            + QString("6").rightJustified(20) + "|");
+    QCOMPARE(lines.size(), 4);
+    form.sqrt2Action->trigger();
+    QVERIFY(form.exportASCIITo(home.file("t.txt")));
+    QVERIFY(contentOf(home.file("t.txt")).contains("2.8284271           1.4142136           4.2426407|"));
+    QVERIFY(!form.exportASCIITo(home.file("no/such/t.txt")));
+    ScopedPrompts prompts;
+    prompts.chooseFile(home.file("no-such-dir-for-this/t.txt"));
+    form.plotKind = 2;
+    QVERIFY(form.exportASCIITo(home.file("s.txt")));
+    QVERIFY(codec->toUnicode(contentOf(home.file("s.txt"))).startsWith("            Название"));
+    form.exportASCII();
+}
+
+QTEST_MAIN(TestPlotExport)
+#include "tst_plotexport.moc"
