@@ -1,0 +1,178 @@
+#include "table/core/trends.h"
+
+#include "base/globals.h"
+#include "record/record.h"
+#include "stats/drift.h"
+#include "stats/fits.h"
+#include "stats/plainstats.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double day = 86400.0; // s
+constexpr double nanosecond = 1e-9; // s
+const QString none = QStringLiteral(" - ");
+
+QString number(double value)
+{
+    return QString::number(value, 'e', 2);
+}
+
+/// Fits line and parabola, and the drift by regression on days. `step` is how much the series was thinned by,
+/// and `dayEnds` count the samples before that.
+void fit(Trends& trends, PhaseSeries& series, long step, const QList<int>& dayEnds)
+{
+    const long n = series.size();
+    double* t = series.t.data();
+    double* x = series.x.data();
+    Trend(n, t, x, &trends.linearFrequency);
+    Parabola& parabola = trends.parabola;
+    Parab(int(n), t, x, &parabola.quadratic, &parabola.linear, &parabola.constant);
+    trends.middleFrequency = parabola.slopeAt(0.5 * (t[0] + t[n - 1]));
+    trends.endFrequency = parabola.slopeAt(t[n - 1]);
+    trends.drift = 2.0 * parabola.quadratic;
+    if (dayEnds.size() > 2) {
+        trends.hasDailyDrift = true;
+        calcLinRegDrift(t, x, trends.dailyDrift, dayEnds, trends.dailyDriftError, double(step));
+    }
+}
+
+void subtract(const Parabola& parabola, PhaseSeries& series)
+{
+    for (size_t i = 0; i < series.x.size(); ++i)
+        series.x[i] -= parabola.at(series.t[i]);
+}
+
+void subtract(const Parabola& parabola, Record& record)
+{
+    const double origin = record.t[0];
+    record.t.resetIterator(0);
+    record.x.resetIterator(0);
+    bool more = record.n_cnt > 0;
+    double* t = &record.t[0];
+    double* x = &record.x[0];
+    while (more) {
+        *x -= parabola.at(*t - origin);
+        bool moreValues = false;
+        t = record.t.nextEl(more);
+        x = record.x.nextEl(moreValues);
+        more = more && moreValues;
+    }
+}
+
+/// Seconds from the first sample of a record that begins at `start` to the first full hour at or after
+/// `earliest`.
+double secondsToFirstHour(const QDateTime& earliest, const QDateTime& start)
+{
+    constexpr int hour = 3600000; // ms
+    const int past = earliest.time().msecsSinceStartOfDay() % hour;
+    const QDateTime first = past == 0 ? earliest : earliest.addMSecs(hour - past);
+    return double(start.msecsTo(first)) / 1000.0;
+}
+
+double dailyDeviation(const Record& record, const PhaseSeries& series, const QDateTime& earliest)
+{
+    constexpr double longestInterval = 960.0; // s
+    if (!(record.Kdec <= longestInterval))
+        return 0.0;
+    const double offset = secondsToFirstHour(earliest, record.start);
+    std::vector<double> means = dailyMeans(series, offset, record.Kdec);
+    if (REMX_0) {
+        for (double& mean : means)
+            mean -= series.x.front();
+    }
+    return sco_phase(long(means.size()), means.data());
+}
+
+} // namespace
+
+Trends recordTrends(Record& record, PhaseSeries& series, const QDateTime& earliest, bool removeDrift)
+{
+    constexpr long mostFitted = 1000000;
+    Trends trends;
+    if (series.size() <= 10)
+        return trends;
+    trends.fitted = true;
+    long step = 1;
+    PhaseSeries thinned = thinnedSeries(series, mostFitted, step);
+    PhaseSeries& fitted = step > 1 ? thinned : series;
+    fit(trends, fitted, step, record.t.DayLengths);
+    if (removeDrift) {
+        subtract(trends.parabola, record);
+        subtract(trends.parabola, series);
+        if (step > 1)
+            subtract(trends.parabola, thinned);
+    }
+    trends.mean = aver(fitted.size(), fitted.x.data());
+    trends.deviation = sco_phase(fitted.size(), fitted.x.data());
+    trends.dailyDeviation = dailyDeviation(record, series, earliest);
+    return trends;
+}
+
+std::vector<double> dailyMeans(const PhaseSeries& series, double offset, double interval, size_t most)
+{
+    std::vector<double> means;
+    const long n = series.size();
+    if (n < 1)
+        return means;
+    const double end = series.t[size_t(n - 1)] + interval;
+    long i = 0;
+    while (i < n && series.t[size_t(i)] < offset)
+        ++i;
+    // Days without samples are stepped over at once: times may lie any distance apart.
+    for (double days = 0.0; i < n && means.size() < most; ++days) {
+        const double behind = std::floor((series.t[size_t(i)] - offset) / day);
+        if (!std::isfinite(behind))
+            break;
+        days = std::max(days, behind);
+        const double from = offset + days * day;
+        if (!(from + day <= end))
+            break;
+        long double sum = 0.0L;
+        long count = 0;
+        do {
+            sum += series.x[size_t(i++)];
+            ++count;
+        } while (i < n && series.t[size_t(i)] < from + day);
+        means.push_back(double(sum / count));
+    }
+    return means;
+}
+
+QStringList trendHeads()
+{
+    const auto translated = [](const char* text) { return QCoreApplication::translate("TrendTable", text); };
+    return {
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Название")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Разность фаз, нс")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "СКО разности фаз, нс")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "СКО разности фаз (сут), нс")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Разн. частот (лин.)")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Разн. частот (квадр., середина)")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Разн. частот (квадр., конец)")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Дрейф разн. частот")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Дрейф разн. частот (сут.)")),
+        translated(QT_TRANSLATE_NOOP("TrendTable", "Дрейф (сут, л. р.)")),
+    };
+}
+
+QStringList trendCells(const QString& name, const Trends& trends)
+{
+    QStringList cells{name};
+    if (!trends.fitted) {
+        while (cells.size() < 10)
+            cells << none;
+        return cells;
+    }
+    cells << number(trends.mean / nanosecond) << number(trends.deviation / nanosecond)
+          << number(trends.dailyDeviation / nanosecond) << number(trends.linearFrequency)
+          << number(trends.middleFrequency) << number(trends.endFrequency) << number(trends.drift)
+          << number(trends.drift * day);
+    cells << (trends.hasDailyDrift ? number(trends.dailyDrift) + QChar(0xB1) + number(trends.dailyDriftError)
+                                   : none);
+    return cells;
+}

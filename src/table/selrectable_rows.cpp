@@ -1,0 +1,358 @@
+#include "base/debuglog.h"
+#include "base/globals.h"
+#include "prompt/prompt.h"
+#include "table/core/recordtexts.h"
+#include "table/edtdatetimedlg.h"
+#include "table/selrectable.h"
+#include "ui_selrectable.h"
+
+#include <QComboBox>
+#include <QScopeGuard>
+#include <QSignalBlocker>
+
+namespace {
+
+enum Column { Check, Channel, Reference, Measured, Interval, Band, Kind, From, To, MaxY, MaxVarY, Count };
+
+const QString dateForm = QStringLiteral("dd.MM.yyyy");
+
+bool isEditable(int column)
+{
+    return column == Channel || column == Reference || column == Measured || column == From;
+}
+
+} // namespace
+
+void SelRecTable::addRecord(Record* rec)
+{
+    const auto emptied = qScopeGuard([rec] { deleteRecord(rec); });
+    DebugLOG(qPrintable(QStringLiteral("addRecord n_cnt=%1 n_days=%2 Kdec=%3 ch=%4 dataType=%5")
+                            .arg(rec->n_cnt)
+                            .arg(rec->n_days)
+                            .arg(rec->Kdec)
+                            .arg(rec->ch)
+                            .arg(rec->dataType)));
+    if (rec->n_cnt > 0)
+        DebugLOG(qPrintable(QStringLiteral("t[0]=%1").arg(rec->t[0], 0, 'g', 17)));
+    if (free_row >= maxRecords) {
+        prompt::message(this, QMessageBox::Critical, tr("Ошибка загрузки записи"),
+            tr("В таблице нет места, запись не загружена!"));
+        emit TableIsFull(rec);
+        return;
+    }
+    if (RecIsValid(rec) != 0)
+        DebugLOG(" SelRecTable::addRecord Hе сработало.!"); // verbatim
+    Record& slot = load_record[free_row];
+    copyRecord(rec, &slot);
+    if (slot.RecID == 0)
+        slot.RecID = generateNewID();
+    addCopiedRecord();
+    if (slot.dynamic && slot.n_days < 5)
+        slot.dynamic = false;
+}
+
+void SelRecTable::addCopiedRecord()
+{
+    const int row = free_row;
+    {
+        const QSignalBlocker quiet(ui->recTable);
+        for (int column = 0; column < ui->recTable->columnCount(); ++column) {
+            auto* item = new QTableWidgetItem;
+            Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+            if (column == Check)
+                flags |= Qt::ItemIsUserCheckable;
+            if (isEditable(column))
+                flags |= Qt::ItemIsEditable;
+            item->setFlags(flags);
+            if (column == Channel || column == Interval || column == Band)
+                item->setTextAlignment(Qt::AlignCenter);
+            if (column == Count)
+                item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            ui->recTable->setItem(row, column, item);
+        }
+    }
+    setChecked(row, true);
+    DisplayRecInfo_atTableRow(row, &load_record[row]);
+    ui->recTable->setRowHidden(row, false);
+    ++free_row;
+    updateEmptyState();
+}
+
+void SelRecTable::DisplayRecInfo_atTableRow(int row, Record* rec)
+{
+    const QSignalBlocker quiet(ui->recTable);
+    if (rec->dataType >= numOfRecTypes)
+        rec->dataType = 0;
+    const auto put = [&](int column, const QString& text) { ui->recTable->item(row, column)->setText(text); };
+    put(Channel, QString::number(rec->ch));
+    put(Reference, rec->ref_sig);
+    put(Measured, rec->meas_sig);
+    put(Interval, QString::number(rec->Kdec, 'g', 6));
+    put(Band, QString::number(rec->Band));
+    put(Kind, RecTypes[rec->dataType]);
+    put(From, rec->start.toString(dateForm));
+    put(To, rec->stop.toString(dateForm));
+    put(MaxY, defaultLimit(rec->dataType));
+    put(MaxVarY, defaultLimit(rec->dataType));
+    put(Count, QString::number(rec->n_cnt));
+
+    auto* kinds = new QComboBox;
+    for (int i = 0; i < numOfRecTypes; ++i)
+        kinds->addItem(RecTypes[i]);
+    kinds->setCurrentIndex(rec->dataType);
+    kinds->setFrame(false);
+    connect(kinds, qOverload<int>(&QComboBox::currentIndexChanged), this, &SelRecTable::ChangeDataType);
+    ui->recTable->setCellWidget(row, Kind, kinds);
+}
+
+void SelRecTable::on_recTable_itemChanged(QTableWidgetItem* item)
+{
+    if (!item || !item->tableWidget() || item->column() > From || item->row() >= free_row)
+        return;
+    Record& rec = load_record[item->row()];
+    const QString text = item->text();
+    switch (item->column()) {
+    case Channel: {
+        bool good = false;
+        const int channel = text.toInt(&good);
+        if (good)
+            rec.ch = channel;
+        break;
+    }
+    case Reference:
+        if (!text.isEmpty())
+            rec.ref_sig = text;
+        break;
+    case Measured:
+        if (!text.isEmpty())
+            rec.meas_sig = text;
+        break;
+    case Kind:
+        for (quint16 i = 0; i < numOfRecTypes; ++i) {
+            if (RecTypes[i] == text)
+                rec.dataType = i;
+        }
+        break;
+    case From: {
+        const QDate date = QDate::fromString(text, dateForm);
+        if (!date.isValid() || date == rec.start.date())
+            break;
+        const qint64 days = rec.start.date().daysTo(date);
+        rec.start.setDate(date);
+        rec.stop.setDate(rec.stop.date().addDays(days));
+        ui->recTable->item(item->row(), To)->setText(rec.stop.toString(dateForm));
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void SelRecTable::ChangeDataType(int index)
+{
+    int row = -1;
+    for (int i = 0; i < free_row; ++i) {
+        if (ui->recTable->cellWidget(i, Kind) == sender())
+            row = i;
+    }
+    if (row < 0)
+        return;
+    Record& rec = load_record[row];
+    if (index < 0 || index >= numOfRecTypes)
+        DebugLOG(qPrintable(QStringLiteral("Wrong index of DataType selected: %1").arg(index)));
+    else
+        rec.dataType = quint16(index);
+    ui->recTable->item(row, Kind)->setText(RecTypes[rec.dataType]);
+    ui->recTable->item(row, MaxY)->setText(defaultLimit(rec.dataType));
+    ui->recTable->item(row, MaxVarY)->setText(defaultLimit(rec.dataType));
+}
+
+int SelRecTable::selectedRow() const
+{
+    const QList<QTableWidgetItem*> items = ui->recTable->selectedItems();
+    return items.isEmpty() ? -1 : items.first()->row();
+}
+
+bool SelRecTable::isChecked(int row) const
+{
+    return ui->recTable->item(row, Check)->checkState() == Qt::Checked;
+}
+
+void SelRecTable::setChecked(int row, bool on)
+{
+    ui->recTable->item(row, Check)->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+}
+
+void SelRecTable::checkAllRec()
+{
+    for (int row = 0; row < free_row; ++row)
+        setChecked(row, true);
+}
+
+void SelRecTable::uncheckAllRec()
+{
+    for (int row = 0; row < free_row; ++row)
+        setChecked(row, false);
+}
+
+void SelRecTable::on_SelectAllRecords_Btn_clicked()
+{
+    checkAllRec();
+}
+void SelRecTable::on_UnselectAllRecords_Btn_clicked()
+{
+    uncheckAllRec();
+}
+
+void SelRecTable::MoveRecord_inTable(int from, int to)
+{
+    const auto valid = [this](int row) { return row >= 0 && row < free_row; };
+    if (!valid(from) || !valid(to) || from == to)
+        return;
+    Record kept;
+    copyRecord(&load_record[from], &kept);
+    copyRecord(&load_record[to], &load_record[from]);
+    copyRecord(&kept, &load_record[to]);
+    const bool checkedFrom = isChecked(from);
+    setChecked(from, isChecked(to));
+    setChecked(to, checkedFrom);
+    DisplayRecInfo_atTableRow(from, &load_record[from]);
+    DisplayRecInfo_atTableRow(to, &load_record[to]);
+}
+
+void SelRecTable::on_MoveRecordUp_clicked()
+{
+    const int row = selectedRow();
+    if (SLEEP || row < 1)
+        return;
+    MoveRecord_inTable(row, row - 1);
+    ui->recTable->selectRow(row - 1);
+}
+
+void SelRecTable::on_MoveRecordDown_clicked()
+{
+    const int row = selectedRow();
+    if (SLEEP || row < 0 || row + 1 >= free_row)
+        return;
+    MoveRecord_inTable(row, row + 1);
+    ui->recTable->selectRow(row + 1);
+}
+
+void SelRecTable::on_RotateRecord_Btn_clicked()
+{
+    const int row = selectedRow();
+    if (SLEEP || row < 0 || row >= free_row)
+        return;
+    Record& rec = load_record[row];
+    if (rec.n_cnt > 0) {
+        rec.x.resetIterator(0);
+        bool more = true;
+        for (double* value = &rec.x[0]; more; value = rec.x.nextEl(more))
+            *value = -*value;
+    }
+    rec.ref_sig.swap(rec.meas_sig);
+    DisplayRecInfo_atTableRow(row, &rec);
+}
+
+/// Drops the working copies that were made of a record.
+void SelRecTable::removeProcessed(quint16 recID)
+{
+    int kept = 0;
+    for (int i = 0; i < recCount; ++i) {
+        if (record[size_t(i)].RecID == recID)
+            continue;
+        if (kept != i) {
+            copyRecord(&record[size_t(i)], &record[size_t(kept)]);
+            tauSec[size_t(kept)] = std::move(tauSec[size_t(i)]);
+            tauCount[size_t(kept)] = tauCount[size_t(i)];
+            avarRes[size_t(kept)] = std::move(avarRes[size_t(i)]);
+            avarAll[size_t(kept)] = std::move(avarAll[size_t(i)]);
+            trends[size_t(kept)] = trends[size_t(i)];
+        }
+        ++kept;
+    }
+    for (int i = kept; i < recCount; ++i)
+        deleteRecord(&record[size_t(i)]);
+    recCount = kept;
+    trends.resize(size_t(kept));
+}
+
+void SelRecTable::clearRow(int row)
+{
+    const QSignalBlocker quiet(ui->recTable);
+    ui->recTable->removeCellWidget(row, Kind);
+    for (int column = 0; column < ui->recTable->columnCount(); ++column)
+        delete ui->recTable->takeItem(row, column);
+    ui->recTable->setRowHidden(row, true);
+    deleteRecord(&load_record[row]);
+}
+
+void SelRecTable::on_delRecBtn_clicked()
+{
+    if (SLEEP)
+        return;
+    int kept = 0;
+    for (int row = 0; row < free_row; ++row) {
+        if (isChecked(row)) {
+            removeProcessed(load_record[row].RecID);
+            continue;
+        }
+        if (kept != row) {
+            copyRecord(&load_record[row], &load_record[kept]);
+            deleteRecord(&load_record[row]);
+            setChecked(kept, false);
+            DisplayRecInfo_atTableRow(kept, &load_record[kept]);
+        }
+        ++kept;
+    }
+    for (int row = kept; row < free_row; ++row)
+        clearRow(row);
+    free_row = kept;
+    if (recCount == 0)
+        activateBtns(false);
+    updateEmptyState();
+}
+
+void SelRecTable::on_delAllRecsBtn_clicked()
+{
+    if (SLEEP)
+        return;
+    for (int row = 0; row < free_row; ++row)
+        clearRow(row);
+    DebugLOG("DELETE ALL RECORDS");
+    free_row = 0;
+    results() = ProcessedRecords();
+    activateBtns(false);
+    fillStatisticMenus();
+    updateEmptyState();
+}
+
+void SelRecTable::EditTimeRec()
+{
+    const int row = ui->recTable->currentRow();
+    if (SLEEP || row < 0 || row >= free_row)
+        return;
+    EdtDatetimeDlg dialog(&load_record[row], this);
+    connect(&dialog, &EdtDatetimeDlg::edtRecDateTime, this, &SelRecTable::EditRecTableDateTime);
+    prompt::run(dialog);
+}
+
+void SelRecTable::EditRecTableDateTime()
+{
+    const int row = ui->recTable->currentRow();
+    if (row < 0 || row >= free_row)
+        return;
+    const QSignalBlocker quiet(ui->recTable);
+    ui->recTable->item(row, From)->setText(load_record[row].start.toString(dateForm));
+    ui->recTable->item(row, To)->setText(load_record[row].stop.toString(dateForm));
+}
+
+quint8 SelRecTable::generateNewID()
+{
+    ++m_lastID;
+    if (m_lastID == 0)
+        m_lastID = 1;
+    if (lastUsedRecID)
+        *lastUsedRecID = m_lastID;
+    return m_lastID;
+}
