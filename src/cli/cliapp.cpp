@@ -1,0 +1,98 @@
+#include "cli/cliapp.h"
+
+#include "cli/cligraph.h"
+#include "cli/clirecord.h"
+#include "cli/clitable.h"
+
+#include <QDir>
+#include <QSaveFile>
+#include <QtGlobal>
+
+#include <cstdio>
+#include <new>
+
+namespace {
+
+bool debugWanted = false;
+
+void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    // Qt's remarks on a missing XDG_RUNTIME_DIR, usual on servers, do not concern anybody here.
+    const bool chatter =
+        type == QtDebugMsg || type == QtInfoMsg || text.startsWith(QLatin1String("QStandardPaths:"));
+    if (chatter && !debugWanted)
+        return;
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+const char* tableFileName(TableStyle style)
+{
+    switch (style) {
+    case TableStyle::Csv:
+        return "stability.csv";
+    case TableStyle::Json:
+        return "stability.json";
+    case TableStyle::Aligned:
+        break;
+    }
+    return "stability.txt";
+}
+
+void writeFile(const QString& name, const QByteArray& content)
+{
+    QSaveFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        throw DataFault(QStringLiteral("%1: cannot be written: %2").arg(name, file.errorString()));
+}
+
+void writeFolder(
+    const QVector<CliResult>& results, const CliOptions& options, const QByteArray& table, QStringList& notes)
+{
+    const QDir folder(options.outputFolder);
+    if (!folder.mkpath(QStringLiteral(".")))
+        throw DataFault(QStringLiteral("%1: the folder cannot be made").arg(options.outputFolder));
+    writeFile(folder.filePath(QString::fromLatin1(tableFileName(options.style))), table);
+    for (const Statistic statistic : options.statistics) {
+        const QString name = statisticKey(statistic, options.overlap) + QLatin1Char('.') + options.plotType;
+        notes << writeGraph(results, statistic, options, folder.filePath(name));
+    }
+}
+
+QByteArray lines(const QStringList& texts)
+{
+    QByteArray bytes;
+    for (const QString& text : texts)
+        bytes += text.toLocal8Bit() + '\n';
+    return bytes;
+}
+
+} // namespace
+
+CliOutcome runCommand(const CliOptions& options)
+{
+    CliOutcome outcome;
+    QStringList notes;
+    try {
+        QVector<CliResult> results;
+        for (const QString& file : options.files)
+            results += processFile(file, options, notes);
+        const QByteArray table = tableText(results, options);
+        if (!options.outputFolder.isEmpty())
+            writeFolder(results, options, table, notes);
+        outcome.out = table;
+    } catch (const DataFault& fault) {
+        notes << QString::fromUtf8(fault.what());
+        outcome.status = CliOutcome::badData;
+    } catch (const std::bad_alloc&) {
+        notes << QStringLiteral("out of memory");
+        outcome.status = CliOutcome::badData;
+    }
+    outcome.err = lines(notes);
+    return outcome;
+}
+
+void quietMessages()
+{
+    debugWanted = qEnvironmentVariableIsSet("KRONALYS_DEBUG");
+    qInstallMessageHandler(handleMessage);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "stats/statistic.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// How the table is written.
+enum class TableStyle { Aligned, Csv, Json };
+
+/// What the command line asks for.
+struct CliOptions {
+    QStringList files;
+    /// Format template; empty to take the one that suits the first lines of each file.
+    QString format;
+    double interval = 1.0; ///< s between samples
+    QDateTime start; ///< of the first sample; null to take it from the file
+    double multiplier = 1.0; ///< from the numbers of the file to seconds or to fractional frequency
+    bool frequency = false; ///< the values are fractional frequencies
+    QVector<Statistic> statistics; ///< without repetition
+    bool overlap = false;
+    bool removeDrift = false;
+    bool skipBadLines = false;
+    qint32 perSecond = 0; ///< see StabilityOptions
+    TableStyle style = TableStyle::Aligned;
+    QString outputFolder; ///< empty for no files
+    QString plotType; ///< "png", "svg" or "pdf"
+};
+
+/// The outcome of reading the command line.
+struct CliCommand {
+    enum class Kind { Run, Help, Version, Misuse };
+
+    Kind kind = Kind::Misuse;
+    CliOptions options; ///< for Run
+    QString text; ///< for Help the help, for Misuse what is wrong
+};
+
+/// Reads the arguments, of which the first is the name of the program. `perSecond` is the default of
+/// --points-per-tau. Needs a QCoreApplication for the help.
+CliCommand readCommandLine(const QStringList& arguments, qint32 perSecond);
+
+/// "adev", or "oadev" when the overlapping form, which differs for sdev, adev and hdev alone, is asked for.
+QString statisticKey(Statistic statistic, bool overlap);
