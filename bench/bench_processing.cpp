@@ -1,4 +1,5 @@
-// The command "Обработка" on one record of 1,000,000 samples (SDEV, ADEV, HDEV), as a ratio to the kernels alone.
+// The command "Обработка" on one record of 1,000,000 samples (SDEV, ADEV, HDEV), as a ratio to the kernels
+// alone.
 
 #include "support/samplerecord.h"
 #include "table/selrectable.h"
