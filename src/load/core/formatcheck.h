@@ -11,7 +11,6 @@ struct FormatVerdict {
 };
 
 /// Checks the brackets, names and widths of a template, and that no letter or digit stands outside brackets.
-/// It is stricter than the reader in names and widths, and does not look at the range of literals: the reader
-/// refuses
-/// "\", "^", "_", "`", "{", "|", "}", "~" and the tab, which pass here.
+/// It is stricter than the reader in names and widths, and does not look at the range of literals: the
+/// reader refuses "\", "^", "_", "`", "{", "|", "}", "~" and the tab, which pass here.
 FormatVerdict checkFormat(const QString& format);

@@ -105,7 +105,7 @@ QList<int> FormatFileReader::ParseTheFile(QString fileName, double*** data, int&
     LineSource source(fileName);
     source.setProgress(m_progress);
     if (!source.open()) {
-        m_status = source.cancelled() ? Status::Cancelled : Status::CannotOpen;
+        m_status = Status::CannotOpen;
         m_systemError = source.error();
         return {};
     }
@@ -117,7 +117,7 @@ QList<int> FormatFileReader::ParseTheFile(QString fileName, double*** data, int&
         throw;
     }
     if (m_faults > mostLogLines)
-        DebugLOG(qPrintable(QStringLiteral("... и ещё %1").arg(m_faults - mostLogLines)));
+        DebugLOG(qPrintable(QStringLiteral("... and %1 more").arg(m_faults - mostLogLines)));
     if (m_status != Status::Parsed && m_status != Status::NoLines) {
         m_systemError = source.error();
         dropData();

@@ -34,9 +34,7 @@ bool LineSource::open()
     m_text.reset(new char[m_capacity]);
     if (refill() && m_end >= 3 && std::memcmp(m_text.get(), "\xEF\xBB\xBF", 3) == 0)
         m_begin = m_searched = 3;
-    if (m_failed)
-        return false;
-    return true;
+    return !m_failed;
 }
 
 // Moves what is left of the text to the front; a line that fills the room makes it twice as large.

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr char fieldFault[] = "ошибка!! несоответствие формата строки !!!!";
-constexpr char literalFault[] = "ошибка!! несоответствие формата строки!!!!";
-constexpr char stopFault[] = "оши!!";
+constexpr char fieldFault[] = "ошибка!! несоответствие формата строки !!!!"; // verbatim
+constexpr char literalFault[] = "ошибка!! несоответствие формата строки!!!!"; // verbatim
+constexpr char stopFault[] = "оши!!"; // verbatim
 
 void trim(char*& begin, char*& end)
 {
@@ -31,11 +31,6 @@ char* simplify(char* begin, char* end)
             *to++ = ' ';
     }
     return to;
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
 }
 
 /// A stop character that cannot be part of a number, so that the number ends where std::from_chars ends.
