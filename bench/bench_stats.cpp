@@ -2,7 +2,9 @@
 // the least time of the kernel over the least time of a plain vectorised sum of every array it reads, both
 // taken in turn in one run; "bound" is what it should not exceed.
 
+#include "stats/cross.h"
 #include "stats/deviations.h"
+#include "stats/incremental.h"
 #include "stats/tdevmtie.h"
 
 #include <QString>
@@ -74,14 +76,23 @@ std::vector<double>& rampOf(double slope)
     return phase;
 }
 
+std::vector<double> wholeSeconds()
+{
+    std::vector<double> made(samples);
+    for (std::size_t i = 0; i < made.size(); ++i)
+        made[i] = static_cast<double>(i);
+    return made;
+}
+
 std::vector<double>& times()
 {
-    static std::vector<double> seconds = [] {
-        std::vector<double> made(samples);
-        for (std::size_t i = 0; i < made.size(); ++i)
-            made[i] = static_cast<double>(i);
-        return made;
-    }();
+    static std::vector<double> seconds = wholeSeconds();
+    return seconds;
+}
+
+std::vector<double>& otherTimes()
+{
+    static std::vector<double> seconds = wholeSeconds();
     return seconds;
 }
 
@@ -125,6 +136,38 @@ void timed(benchmark::State& state, Timed kernel, double bound)
     const long m = state.range(0);
     compare(state, {&noise(), &times()}, bound,
         [=] { return kernel(samples, m, noise().data(), times().data(), 1.0); });
+}
+
+using CrossPlain = double (*)(long, long, double*, double*);
+using CrossTimed = double (*)(long, long, double*, double*, double*, double*);
+
+void crossPlain(benchmark::State& state, CrossPlain kernel, double bound)
+{
+    const long m = state.range(0);
+    compare(state, {&noise(), &whiteNoise()}, bound,
+        [=] { return kernel(samples, m, noise().data(), whiteNoise().data()); });
+}
+
+void crossTimed(benchmark::State& state, CrossTimed kernel, double bound)
+{
+    const long m = state.range(0);
+    compare(state, {&noise(), &whiteNoise(), &times(), &otherTimes()}, bound, [=] {
+        return kernel(samples, m, noise().data(), whiteNoise().data(), times().data(), otherTimes().data());
+    });
+}
+
+/// 1000 new samples by a factor of 10 into a record of the given length: the time must not depend on it.
+void incremental(benchmark::State& state)
+{
+    const long m = 10, length = state.range(0), fresh = 1000;
+    varInf info;
+    info.Reserve(1);
+    for (auto _ : state) {
+        info.count[0] = static_cast<int>(length);
+        info.value[0] = 1e-9;
+        const long first = alan_scdo_Upd_firstSample(m, info, 0);
+        benchmark::DoNotOptimize(alan_scdo_Upd(length + fresh - first, m, noise().data() + first, info, 0));
+    }
 }
 
 double alanOverlap(long n, long m, double* x)
@@ -187,6 +230,27 @@ BENCHMARK_CAPTURE(timed, alan_scdo_overlap, static_cast<Timed>(alan_scdo_overlap
 BENCHMARK_CAPTURE(timed, hadamard_scdo_overlap, static_cast<Timed>(hadamard_scdo_overlap), 4.0)
     ->Apply(overlapFactors);
 BENCHMARK_CAPTURE(timed, mod_alan_scdo, static_cast<Timed>(mod_alan_scdo), 6.0)->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossPlain, sco, static_cast<CrossPlain>(cross_sco), 5.0)->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossPlain, sco_overlap, static_cast<CrossPlain>(cross_sco_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossPlain, scdo_overlap, static_cast<CrossPlain>(cross_scdo_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossPlain, alan_scdo_overlap, static_cast<CrossPlain>(cross_alan_scdo_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK_CAPTURE(
+    crossPlain, hadamard_scdo_overlap, static_cast<CrossPlain>(cross_hadamard_scdo_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossTimed, sco, static_cast<CrossTimed>(cross_sco), 5.0)->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossTimed, sco_overlap, static_cast<CrossTimed>(cross_sco_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossTimed, scdo_overlap, static_cast<CrossTimed>(cross_scdo_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK_CAPTURE(crossTimed, alan_scdo_overlap, static_cast<CrossTimed>(cross_alan_scdo_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK_CAPTURE(
+    crossTimed, hadamard_scdo_overlap, static_cast<CrossTimed>(cross_hadamard_scdo_overlap), 5.0)
+    ->Apply(overlapFactors);
+BENCHMARK(incremental)->Arg(10000)->Arg(1000000)->Arg(9990000);
 BENCHMARK(mtieWhite)->Apply(windows);
 BENCHMARK(mtieWalk)->Apply(windows);
 BENCHMARK(mtieRising)->Apply(windows);

@@ -1,12 +1,16 @@
+#include "stats/cross.h"
 #include "stats/deviations.h"
 #include "stats/differences.h"
 #include "stats/guards.h"
+#include "stats/shift.h"
 #include "stats/walk.h"
 
 #include "record/doublearray.h"
 
 #include <cmath>
 #include <limits>
+
+// A body takes one series for a deviation and two for a cross deviation.
 
 namespace {
 
@@ -24,34 +28,58 @@ struct BoundedSum {
 
 double gapThreshold(long m, double tau0)
 {
-    return static_cast<double>(3 * m) * tau0;
+    return 3.0 * static_cast<double>(m) * tau0;
 }
 
-double deviation(const walk::Total& squares)
+double root(const walk::Total& all)
 {
-    return std::sqrt(squares.sum * 0.5 / squares.count);
+    return std::sqrt(std::fabs(all.sum * 0.5 / all.count));
+}
+
+template <class... X> double ofDifferences(long n, long m, long stride, const X*... x)
+{
+    if (guards::passes(2, m, n))
+        return 0.0;
+    if (n == 2 * m)
+        return guards::twoPoints(m, x...);
+    const auto products = walk::product(walk::D2{x, m}...);
+    return root(walk::total({0, n - 2 * m, stride}, products, walk::Every{})) / static_cast<double>(m);
+}
+
+template <class Gate, class... Rate>
+double ofRates(long n, long m, long stride, const Gate& gate, const Rate&... rate)
+{
+    if (guards::passes(2, m, n))
+        return 0.0;
+    if (n == 2 * m)
+        return guards::twoPointRates(rate...);
+    const walk::Grid grid{0, n - 2 * m, stride};
+    const auto spread = [&](const auto&... term) {
+        return root(walk::total(grid, walk::product(term...), gate));
+    };
+    return walk::fromShifted(spread, grid, gate, rate...);
 }
 
 }
 
 double alan_scdo(long n, long m, double* x)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x);
-    const walk::Total squares = walk::total({0, n - 2 * m, m}, walk::square(walk::D2{x, m}), walk::Every{});
-    return deviation(squares) / static_cast<double>(m);
+    return ofDifferences(n, m, m, x);
+}
+
+double cross_alan_scdo(long n, long m, double* x, double* y)
+{
+    return ofDifferences(n, m, m, x, y);
 }
 
 double alan_scdo(long n, long m, double* x, double* t, double tau0)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x, t);
-    const BoundedSum gate{t, m, gapThreshold(m, tau0)};
-    return deviation(walk::total({0, n - 2 * m, m}, walk::square(walk::F2{x, t, m}), gate));
+    return ofRates(n, m, m, BoundedSum{t, m, gapThreshold(m, tau0)}, walk::F2{x, t, m});
+}
+
+double cross_alan_scdo(long n, long m, double* x, double* y, double* u, double* v)
+{
+    return ofRates(n, m, m, walk::Every{}, walk::F2{x, u, m}, walk::F2{y, v, m}); // no gap test
 }
 
 double alan_scdo(long n, long m, doubleArray& x, doubleArray& t, double tau0)
@@ -75,25 +103,26 @@ double alan_scdo(long n, long m, doubleArray& x, doubleArray& t, double tau0)
         t0 = t1;
         t1 = ts[2];
     }
-    return deviation(squares);
+    return root(squares);
 }
 
 double alan_scdo_overlap(long n, long m, double* x, double)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x);
-    const walk::Total squares = walk::total({0, n - 2 * m, 1}, walk::square(walk::D2{x, m}), walk::Every{});
-    return deviation(squares) / static_cast<double>(m);
+    return ofDifferences(n, m, 1, x);
+}
+
+double cross_alan_scdo_overlap(long n, long m, double* x, double* y)
+{
+    return ofDifferences(n, m, 1, x, y);
 }
 
 double alan_scdo_overlap(long n, long m, double* x, double* t, double)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x, t);
-    const walk::Rising<2> gate{t, m}; // no upper bound: a gap only widens the terms that straddle it
-    return deviation(walk::total({0, n - 2 * m, 1}, walk::square(walk::F2{x, t, m}), gate));
+    // no upper bound: a gap only widens the terms that straddle it
+    return ofRates(n, m, 1, walk::Rising<2>{t, m}, walk::F2{x, t, m});
+}
+
+double cross_alan_scdo_overlap(long n, long m, double* x, double* y, double* u, double* v)
+{
+    return ofRates(n, m, 1, walk::Every{}, walk::F2{x, u, m}, walk::F2{y, v, m}); // no gap test
 }

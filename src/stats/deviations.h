@@ -29,7 +29,10 @@ class doubleArray;
 /// that is let in gives |x[m]-x[0]|/m, or |x[m]-x[0]|/(t[m]-t[0]) with times. No error is reported: no
 /// counted term gives a NaN, and a NaN or an infinity among the samples flows into the result.
 ///
-/// Sums use several accumulators, so a value agrees with a straight sum to rounding. Stateless and reentrant.
+/// Sums use several accumulators, so a value agrees with a straight sum to rounding. A large phase or
+/// frequency costs no digits: differences are taken of neighbouring samples, centres are wider than a double,
+/// and rates are worked out less a common rate near their own (the form over arrays kept by days excepted).
+/// Stateless and reentrant.
 ///
 /// Literature: NIST SP 1065 (Riley, 2008) sections 5.2 to 5.6; IEEE Std 1139.
 
@@ -112,6 +115,7 @@ double hadamard_scdo(long n, long m, double* x, double* t, double tau0);
 /// sqrt(sum D3^2 / (n-3m)) / m / 6, stride 1. Departs: the 6 stands outside the root, so the value is the
 /// textbook's divided by sqrt(6).
 double hadamard_scdo_overlap(long n, long m, double* x);
-/// sqrt(sum F3^2 / C / 6), stride 1; counts d1, d2 > 0 and d1, d2, d3 < 2m*tau0 (d3 may be negative).
+/// sqrt(sum F3^2 / C / 6), stride 1; counts d1, d2 > 0 and d1, d2, d3 < 2m*tau0. Departs: d3 may be
+/// negative, and equal stamps there, d3 = 0, give an infinity or a NaN.
 double hadamard_scdo_overlap(long n, long m, double* x, double* t, double tau0);
 /// @}

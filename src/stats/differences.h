@@ -1,5 +1,7 @@
 #pragma once
 
+#include "stats/walk.h"
+
 /// The differences, rates and gap tests of the deviation kernels, in the notation of deviations.h. Each is a
 /// function of a place of the walk (walk.h). Private to the room.
 ///
@@ -11,16 +13,6 @@ struct D1 {
     const double* x;
     long m;
     template <class Place> auto operator()(Place at) const { return at(x + m) - at(x); }
-};
-
-/// D1/m.
-struct D1PerSample {
-    const double* x;
-    long m;
-    template <class Place> auto operator()(Place at) const
-    {
-        return (at(x + m) - at(x)) / static_cast<double>(m);
-    }
 };
 
 struct D2 {
@@ -44,38 +36,70 @@ struct D3 {
     }
 };
 
-struct F1 {
-    const double* x;
-    const double* t;
-    long m;
-    template <class Place> auto operator()(Place at) const
+/// dx/dt.
+struct Quotient {
+    template <class Value> Value operator()(Value dx, Value dt) const { return dx / dt; }
+};
+
+/// dx/dt-shift, worked out as (dx-shift*dt)/dt: a rate rounded at 1e-6 has lost what a good clock does at
+/// 1e-18, the rest after the shift has not. Finite steps only.
+struct ShiftedQuotient {
+    double shift; // of 24 significant bits, so that its product with half of a step is exact
+    template <class Value> Value operator()(Value dx, Value dt) const
     {
-        return (at(x + m) - at(x)) / (at(t + m) - at(t));
+        const Value upper = leadingBits(dt);
+        return ((dx - shift * upper) - shift * (dt - upper)) / dt;
     }
 };
 
-struct F2 {
+/// The same without the care for the last digits of shift*dt, a third faster: enough for a mean.
+struct RoughQuotient {
+    double shift;
+    template <class Value> Value operator()(Value dx, Value dt) const { return (dx - shift * dt) / dt; }
+};
+
+template <class Ratio> struct FirstRate {
     const double* x;
     const double* t;
     long m;
+    Ratio ratio = {};
     template <class Place> auto operator()(Place at) const
     {
-        const F1 early{x, t, m}, late{x + m, t + m, m};
+        return ratio(at(x + m) - at(x), at(t + m) - at(t));
+    }
+    template <class Other> FirstRate<Other> with(const Other& other) const { return {x, t, m, other}; }
+};
+
+template <class Ratio> struct SecondRate {
+    const double* x;
+    const double* t;
+    long m;
+    Ratio ratio = {};
+    template <class Place> auto operator()(Place at) const
+    {
+        const FirstRate<Ratio> early{x, t, m, ratio}, late{x + m, t + m, m, ratio};
         return late(at) - early(at);
     }
+    template <class Other> SecondRate<Other> with(const Other& other) const { return {x, t, m, other}; }
 };
 
-struct F3 {
+template <class Ratio> struct ThirdRate {
     const double* x;
     const double* t;
     long m;
+    Ratio ratio = {};
     template <class Place> auto operator()(Place at) const
     {
-        const F1 early{x, t, m}, late{x + 2 * m, t + 2 * m, m};
-        const auto middle = F1{x + m, t + m, m}(at);
+        const FirstRate<Ratio> early{x, t, m, ratio}, late{x + 2 * m, t + 2 * m, m, ratio};
+        const auto middle = FirstRate<Ratio>{x + m, t + m, m, ratio}(at);
         return (late(at) - middle) - (middle - early(at));
     }
+    template <class Other> ThirdRate<Other> with(const Other& other) const { return {x, t, m, other}; }
 };
+
+using F1 = FirstRate<Quotient>;
+using F2 = SecondRate<Quotient>;
+using F3 = ThirdRate<Quotient>;
 
 /// The first `Steps` time steps are positive.
 template <int Steps> struct Rising {

@@ -1,9 +1,13 @@
+#include "stats/cross.h"
 #include "stats/deviations.h"
 #include "stats/differences.h"
 #include "stats/guards.h"
+#include "stats/shift.h"
 #include "stats/walk.h"
 
 #include <cmath>
+
+// A body takes one series for a deviation and two for a cross deviation.
 
 namespace {
 
@@ -20,41 +24,75 @@ struct LastStepEitherWay {
 
 double gapThreshold(long m, double tau0)
 {
-    return static_cast<double>(2 * m) * tau0;
+    return 2.0 * static_cast<double>(m) * tau0;
+}
+
+/// sqrt(|mean product of the terms| / inside).
+template <class Gate, class... Term>
+double root(const walk::Grid& grid, double inside, const Gate& gate, const Term&... term)
+{
+    const walk::Total all = walk::total(grid, walk::product(term...), gate);
+    return std::sqrt(std::fabs(all.sum / all.count) / inside);
+}
+
+template <class... X>
+double ofDifferences(long n, long m, long stride, double inside, double outside, const X*... x)
+{
+    if (guards::reaches(3, m, n))
+        return 0.0;
+    const double value = root({0, n - 3 * m, stride}, inside, walk::Every{}, walk::D3{x, m}...);
+    return value / static_cast<double>(m) / outside;
+}
+
+template <class Gate, class... Rate>
+double ofRates(long n, long m, long stride, const Gate& gate, const Rate&... rate)
+{
+    if (guards::reaches(3, m, n))
+        return 0.0;
+    const walk::Grid grid{0, n - 3 * m, stride};
+    const auto spread = [&](const auto&... term) { return root(grid, 6.0, gate, term...); };
+    return walk::fromShifted(spread, grid, gate, rate...);
 }
 
 }
 
 double hadamard_scdo(long n, long m, double* x)
 {
-    if (guards::reaches(3, m, n))
-        return 0.0;
-    const walk::Total squares = walk::total({0, n - 3 * m, m}, walk::square(walk::D3{x, m}), walk::Every{});
-    return std::sqrt(squares.sum / squares.count / 6.0) / static_cast<double>(m);
+    return ofDifferences(n, m, m, 6.0, 1.0, x);
 }
 
-double hadamard_scdo(long n, long m, double* x, double* t, double tau0)
+double cross_hadamard_scdo(long n, long m, double* x, double* y)
 {
-    if (guards::reaches(3, m, n))
-        return 0.0;
-    const walk::Regular<3> gate{t, m, gapThreshold(m, tau0)};
-    const walk::Total squares = walk::total({0, n - 3 * m, m}, walk::square(walk::F3{x, t, m}), gate);
-    return std::sqrt(squares.sum / squares.count / 6.0);
+    return ofDifferences(n, m, m, 1.0, 6.0, x, y); // the 6 outside the root, unlike hadamard_scdo
 }
 
 double hadamard_scdo_overlap(long n, long m, double* x)
 {
-    if (guards::reaches(3, m, n))
-        return 0.0;
-    const walk::Total squares = walk::total({0, n - 3 * m, 1}, walk::square(walk::D3{x, m}), walk::Every{});
-    return std::sqrt(squares.sum / squares.count) / static_cast<double>(m) / 6.0; // the 6 outside the root
+    return ofDifferences(n, m, 1, 1.0, 6.0, x); // the 6 outside the root
+}
+
+double cross_hadamard_scdo_overlap(long n, long m, double* x, double* y)
+{
+    return ofDifferences(n, m, 1, 1.0, 6.0, x, y); // the 6 outside the root
+}
+
+double hadamard_scdo(long n, long m, double* x, double* t, double tau0)
+{
+    return ofRates(n, m, m, walk::Regular<3>{t, m, gapThreshold(m, tau0)}, walk::F3{x, t, m});
+}
+
+double cross_hadamard_scdo(long n, long m, double* x, double* y, double* u, double* v)
+{
+    return ofRates(n, m, m, walk::Every{}, walk::F3{x, u, m}, walk::F3{y, v, m}); // no gap test
 }
 
 double hadamard_scdo_overlap(long n, long m, double* x, double* t, double tau0)
 {
-    if (guards::reaches(3, m, n))
-        return 0.0;
     const LastStepEitherWay gate{t, m, gapThreshold(m, tau0)}; // d3 is not tested for being positive
-    const walk::Total squares = walk::total({0, n - 3 * m, 1}, walk::square(walk::F3{x, t, m}), gate);
-    return std::sqrt(squares.sum / squares.count / 6.0);
+    return ofRates(n, m, 1, gate, walk::F3{x, t, m});
+}
+
+double cross_hadamard_scdo_overlap(long n, long m, double* x, double* y, double* u, double* v)
+{
+    return ofRates(n, m, 1, walk::Every{}, walk::F3{x, u, m}, walk::F3{y, v, m}); // no gap test
 }

@@ -121,8 +121,7 @@ double mod_alan_scdo(long n, long m, double* x, double* t, double)
     if (guards::reaches(3, m, n))
         return 0.0;
     if (n == 3 * m + 1)
-        return guards::twoPoints(
-            m, x, t); // a first difference over m samples, not over the span of the family
+        return guards::twoPointRates(H{x, t, m}); // a first difference over m samples, as above
     return deviation(runningSquares(H{x, t, m}, positions(n, m)), positions(n, m));
 }
 

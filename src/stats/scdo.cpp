@@ -1,9 +1,13 @@
+#include "stats/cross.h"
 #include "stats/deviations.h"
 #include "stats/differences.h"
 #include "stats/guards.h"
+#include "stats/shift.h"
 #include "stats/walk.h"
 
 #include <cmath>
+
+// A body takes one series for a deviation and two for a cross deviation.
 
 namespace {
 
@@ -13,68 +17,100 @@ double driftSpan(long n, long m, const double* x)
     return (x[n - 1] - x[n - 1 - m]) - (x[m] - x[0]);
 }
 
-/// The forms without times: sqrt(0.5 sum (D2-centre)^2 / C) / m.
-double spreadOfDifferences(const walk::Grid& grid, const walk::D2& difference, double centre)
+/// @name The number of steps that the drift is spread over
+/// @{
+long wholeSteps(long n, long m)
 {
-    const walk::Total squares = walk::total(grid, walk::squareAbout(difference, centre), walk::Every{});
-    return std::sqrt(squares.sum * 0.5 / squares.count) / static_cast<double>(difference.m);
+    return (n - 2 * m) / m; // cut to a whole number: 0 below n = 3m, and then no finite value
+}
+long sampleSteps(long n, long)
+{
+    return n - 1; // at a stride of m too
+}
+/// @}
+
+double root(const walk::Total& all)
+{
+    return std::sqrt(std::fabs(all.sum * 0.5 / all.count));
 }
 
-/// The forms with times: the first pass finds the mean, the second the spread about it.
-double spreadOfRateDifferences(const walk::Grid& grid, const walk::F2& difference, double tau0)
+template <class... X>
+double ofDifferences(long n, long m, long stride, long (*stepsOfDrift)(long, long), const X*... x)
 {
-    const walk::Regular<2> gate{difference.t, difference.m, static_cast<double>(2 * difference.m) * tau0};
-    const double centre = walk::total(grid, difference, gate).mean();
-    const walk::Total squares = walk::total(grid, walk::squareAbout(difference, centre), gate);
-    return std::sqrt(squares.sum * 0.5 / squares.count);
+    if (guards::passes(2, m, n))
+        return 0.0;
+    if (n == 2 * m)
+        return guards::twoPoints(m, x...);
+    const double steps = static_cast<double>(stepsOfDrift(n, m));
+    const auto products =
+        walk::product(walk::about(walk::D2{x, m}, static_cast<long double>(driftSpan(n, m, x)) / steps)...);
+    return root(walk::total({0, n - 2 * m, stride}, products, walk::Every{})) / static_cast<double>(m);
+}
+
+/// The first pass over a series finds its mean, the last the spread about the means.
+template <class Gate, class... Rate>
+double ofRates(long n, long m, long stride, const Gate& gate, const Rate&... rate)
+{
+    if (guards::passes(2, m, n))
+        return 0.0;
+    if (n == 2 * m)
+        return guards::twoPointRates(rate...);
+    const walk::Grid grid{0, n - 2 * m, stride};
+    const auto spread = [&](const auto&... term) {
+        const auto products = walk::product(walk::about(term, walk::mean(grid, term, gate))...);
+        return root(walk::total(grid, products, gate));
+    };
+    return walk::fromShifted(spread, grid, gate, rate...);
+}
+
+walk::Regular<2> regular(long m, const double* t, double tau0)
+{
+    return {t, m, 2.0 * static_cast<double>(m) * tau0};
 }
 
 }
 
 double scdo(long n, long m, double* x)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x);
-    const long steps = (n - 2 * m) / m; // cut to a whole number: 0 below n = 3m, and then no finite value
-    return spreadOfDifferences({0, n - 2 * m, m}, {x, m}, driftSpan(n, m, x) / static_cast<double>(steps));
+    return ofDifferences(n, m, m, wholeSteps, x);
+}
+
+double cross_scdo(long n, long m, double* x, double* y)
+{
+    return ofDifferences(n, m, m, wholeSteps, x, y);
 }
 
 double scdo_upd(long n, long m, double* x)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x);
-    const double centre = driftSpan(n, m, x) / static_cast<double>(n - 1); // n-1 steps at a stride of m
-    return spreadOfDifferences({0, n - 2 * m, m}, {x, m}, centre);
+    return ofDifferences(n, m, m, sampleSteps, x);
 }
 
 double scdo_overlap(long n, long m, double* x)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x);
-    const double centre = driftSpan(n, m, x) / static_cast<double>(n - 1);
-    return spreadOfDifferences({0, n - 2 * m, 1}, {x, m}, centre);
+    return ofDifferences(n, m, 1, sampleSteps, x);
+}
+
+double cross_scdo_overlap(long n, long m, double* x, double* y)
+{
+    return ofDifferences(n, m, 1, sampleSteps, x, y);
 }
 
 double scdo(long n, long m, double* x, double* t, double tau0)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x, t);
-    return spreadOfRateDifferences({0, n - 2 * m, m}, {x, t, m}, tau0);
+    return ofRates(n, m, m, regular(m, t, tau0), walk::F2{x, t, m});
+}
+
+double cross_scdo(long n, long m, double* x, double* y, double* u, double* v)
+{
+    return ofRates(n, m, m, walk::Every{}, walk::F2{x, u, m}, walk::F2{y, v, m}); // no gap test
 }
 
 double scdo_overlap(long n, long m, double* x, double* t, double tau0)
 {
-    if (guards::passes(2, m, n))
-        return 0.0;
-    if (n == 2 * m)
-        return guards::twoPoints(m, x, t);
-    return spreadOfRateDifferences({0, n - 2 * m, 1}, {x, t, m}, tau0);
+    return ofRates(n, m, 1, regular(m, t, tau0), walk::F2{x, t, m});
+}
+
+double cross_scdo_overlap(long n, long m, double* x, double* y, double* u, double* v)
+{
+    return ofRates(n, m, 1, walk::Every{}, walk::F2{x, u, m}, walk::F2{y, v, m}); // no gap test
 }

@@ -14,13 +14,13 @@ struct Entry {
 };
 
 constexpr std::array<Entry, statisticCount> entries = {{
-    {Statistic::Sdev, "СКО", "SDEV", 0, 0, false},
-    {Statistic::Adev, "СКДО", "ADEV", 1, 1, false},
-    {Statistic::Hdev, "HDEV", "HDEV", 2, 2, false},
-    {Statistic::Mdev, "MDEV", "MDEV", 5, 3, false},
-    {Statistic::Pdev, "PDEV", "PDEV", 6, 6, false},
-    {Statistic::Tdev, "ДВИ", "TDEV", 4, 5, true},
-    {Statistic::Mtie, "МОВИ", "MTIE", 3, 4, true},
+    {Statistic::Sdev, "СКО", "SDEV", 0, 0, false}, // verbatim
+    {Statistic::Adev, "СКДО", "ADEV", 1, 1, false}, // verbatim
+    {Statistic::Hdev, "HDEV", "HDEV", 2, 2, false}, // the same in both languages
+    {Statistic::Mdev, "MDEV", "MDEV", 5, 3, false}, // the same in both languages
+    {Statistic::Pdev, "PDEV", "PDEV", 6, 6, false}, // the same in both languages
+    {Statistic::Tdev, "ДВИ", "TDEV", 4, 5, true}, // verbatim
+    {Statistic::Mtie, "МОВИ", "MTIE", 3, 4, true}, // verbatim
 }};
 
 const Entry& entryOf(Statistic statistic)
@@ -54,7 +54,7 @@ QString statisticAxisTitle(Statistic statistic, bool english)
     const QString head = statisticHead(statistic, english);
     if (!entryOf(statistic).seconds)
         return head;
-    return head + (english ? QStringLiteral(", s") : QStringLiteral(", с"));
+    return head + (english ? QStringLiteral(", s") : QStringLiteral(", с")); // verbatim
 }
 
 int varType(Statistic statistic)

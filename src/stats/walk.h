@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 /// The walk over a grid of positions that every deviation kernel shares. A kernel is a difference
@@ -63,6 +64,18 @@ inline double folded(Pair value)
     return value[0] + value[1];
 }
 
+/// The value cut to the upper half of its bits.
+inline Pair leadingBits(Pair value)
+{
+    using Bits = long long __attribute__((vector_size(16)));
+    constexpr long long upper = ~((1LL << 27) - 1);
+    return reinterpret_cast<Pair>(reinterpret_cast<Bits>(value) & Bits{upper, upper});
+}
+inline double leadingBits(double value)
+{
+    return leadingBits(Pair{value, value})[0];
+}
+
 /// The positions first, first+stride, ... below end.
 struct Grid {
     long first;
@@ -85,17 +98,16 @@ template <class Summand, class Gate, class Two, class One>
 Total block(long terms, const Summand& summand, const Gate& gate, const Two& two, const One& one)
 {
     const Pair ones = {1.0, 1.0};
-    Pair sumA = {}, sumB = {}, countA = {}, countB = {};
+    Pair sumA = {}, sumB = {}, count = {};
     long k = 0;
     for (; k + 4 <= terms; k += 4) {
         const auto a = two(k), b = two(k + 2);
         const auto passA = gate(a), passB = gate(b);
         sumA += keep(passA, summand(a));
         sumB += keep(passB, summand(b));
-        countA += keep(passA, ones);
-        countB += keep(passB, ones);
+        count += keep(passA, ones) + keep(passB, ones);
     }
-    Total total{folded(sumA + sumB), folded(countA + countB)};
+    Total total{folded(sumA + sumB), folded(count)};
     for (; k < terms; ++k) {
         const auto pass = gate(one(k));
         total.sum += keep(pass, summand(one(k)));
@@ -108,6 +120,7 @@ Total block(long terms, const Summand& summand, const Gate& gate, const Two& two
 template <class Summand, class Gate> Total total(const Grid& grid, const Summand& summand, const Gate& gate)
 {
     Total all;
+    long double sum = 0.0L;
     const long stride = grid.stride;
     const long terms = grid.end > grid.first ? (grid.end - grid.first - 1) / stride + 1 : 0;
     for (long done = 0; done < terms; done += blockTerms) {
@@ -118,9 +131,10 @@ template <class Summand, class Gate> Total total(const Grid& grid, const Summand
         const auto apart = [=](long k) { return Apart{start + k * stride, stride}; };
         const Total part =
             stride == 1 ? block(now, summand, gate, neighbours, one) : block(now, summand, gate, apart, one);
-        all.sum += part.sum;
+        sum += static_cast<long double>(part.sum);
         all.count += part.count;
     }
+    all.sum = static_cast<double>(sum);
     return all;
 }
 
@@ -132,6 +146,12 @@ template <class Term> struct Centred {
     template <class Place> auto operator()(Place at) const { return term(at) - centre; }
 };
 
+template <class Term> struct Divided {
+    Term term;
+    double divisor;
+    template <class Place> auto operator()(Place at) const { return term(at) / divisor; }
+};
+
 template <class Term> struct Square {
     Term term;
     template <class Place> auto operator()(Place at) const
@@ -141,13 +161,47 @@ template <class Term> struct Square {
     }
 };
 
+template <class First, class Second> struct Product {
+    First first;
+    Second second;
+    template <class Place> auto operator()(Place at) const { return first(at) * second(at); }
+};
+
+template <class Term> Centred<Term> about(const Term& term, double centre)
+{
+    return {term, centre};
+}
+
+/// A centre in two parts: one double of it would be off by a constant that every term shares.
+template <class Term> Centred<Centred<Term>> about(const Term& term, long double centre)
+{
+    const double leading = static_cast<double>(centre);
+    const double rest = std::isfinite(leading) ? static_cast<double>(centre - leading) : 0.0;
+    return about(about(term, leading), rest);
+}
+
+template <class Term> Divided<Term> divided(const Term& term, double divisor)
+{
+    return {term, divisor};
+}
+
 template <class Term> Square<Term> square(const Term& term)
 {
     return {term};
 }
 template <class Term> Square<Centred<Term>> squareAbout(const Term& term, double centre)
 {
-    return {{term, centre}};
+    return {about(term, centre)};
+}
+
+/// What a deviation sums: the square of the term of one series, the product of the terms of two.
+template <class Term> Square<Term> product(const Term& term)
+{
+    return {term};
+}
+template <class First, class Second> Product<First, Second> product(const First& first, const Second& second)
+{
+    return {first, second};
 }
 /// @}
 
