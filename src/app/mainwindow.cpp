@@ -152,6 +152,7 @@ void MainWindow::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         ui->retranslateUi(this);
         composeTexts();
+        retranslateFrames();
         (language::isEnglish() ? ui->actionEng : ui->actionRuss)->setChecked(true);
         updateHint();
     }

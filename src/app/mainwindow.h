@@ -49,6 +49,7 @@ private:
     void placeTable();
     void showTable();
     void showEverything();
+    void retranslateFrames();
     void arrangeAll();
     void tileGraphs();
     void listWindows();

@@ -4,10 +4,13 @@
 #include "ui_mainwindow.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QResizeEvent>
+
+#include <iterator>
 
 void MainWindow::addWindow(QWidget* window)
 {
@@ -71,6 +74,20 @@ void MainWindow::showEverything()
             frame->showNormal();
     }
     showTable();
+}
+
+/// The system menus of the frames are Qt's own, and Qt sets their texts only when it makes a frame.
+void MainWindow::retranslateFrames()
+{
+    const char* const texts[] = {
+        "&Restore", "&Move", "&Size", "Mi&nimize", "Ma&ximize", "Stay on &Top", "&Close"};
+    for (const QMdiSubWindow* frame : m_area->subWindowList()) {
+        size_t next = 0;
+        for (QAction* action : frame->systemMenu() ? frame->systemMenu()->actions() : QList<QAction*>()) {
+            if (!action->isSeparator() && next < std::size(texts))
+                action->setText(QCoreApplication::translate("QMdiSubWindow", texts[next++]));
+        }
+    }
 }
 
 /// The record table above, as wide as the area, since it needs the width; the graphs and tables side by side
