@@ -133,7 +133,7 @@ Workstation for time and frequency metrology</translation>
         <translation>No records. Press Ctrl+O to load a measurement file.</translation>
     </message>
     <message>
-        <location line="+19"/>
+        <location line="+20"/>
         <source>Идёт обработка. Закрыть программу можно после её окончания.</source>
         <translation>Processing is under way. The program can be closed when it has ended.</translation>
     </message>
@@ -1073,12 +1073,7 @@ Press &quot;Add record&quot; and choose a measurement file.</translation>
         <translation>Outlier limits are not applied in this version</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable_graphs.cpp" line="+55"/>
-        <source>В этой версии не вычисляется</source>
-        <translation>Not computed in this version</translation>
-    </message>
-    <message>
-        <location line="+75"/>
+        <location filename="../../src/table/selrectable_graphs.cpp" line="+126"/>
         <source>Таблица вариаций (</source>
         <translation>Table of deviations (</translation>
     </message>

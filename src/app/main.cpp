@@ -5,6 +5,7 @@
 #include "base/globals.h"
 #include "base/paths.h"
 #include "resources/resources.h"
+#include "stats/firfilter.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -96,6 +97,7 @@ int main(int argumentCount, char** arguments)
         return usageError;
     }
     paths::makeAll();
+    installDefaultFilter(paths::config());
     readUpdateFlag();
     interfaceLanguage::applyConfigured(QLocale::system().name());
     try {

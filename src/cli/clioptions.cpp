@@ -31,6 +31,7 @@ constexpr StatisticName statisticNames[] = {
     {"adev", Statistic::Adev},
     {"hdev", Statistic::Hdev},
     {"mdev", Statistic::Mdev},
+    {"pdev", Statistic::Pdev},
     {"tdev", Statistic::Tdev},
     {"mtie", Statistic::Mtie},
 };
@@ -68,7 +69,7 @@ void addOptions(QCommandLineParser& parser)
         {QStringLiteral("frequency"),
             QStringLiteral("The values are fractional frequencies; they are summed to phase, from 0.")},
         {QStringLiteral("stat"),
-            QStringLiteral("Statistics, by commas: sdev, adev, hdev, mdev, tdev, mtie. Default: adev."),
+            QStringLiteral("Statistics, by commas: sdev, adev, hdev, mdev, pdev, tdev, mtie. Default: adev."),
             QStringLiteral("LIST")},
         {QStringLiteral("overlap"), QStringLiteral("Overlapping form of sdev, adev and hdev.")},
         {QStringLiteral("remove-drift"), QStringLiteral("Takes the best parabola off the phase first.")},
@@ -189,10 +190,8 @@ Statistic statisticNamed(const QString& name)
         if (name == QLatin1String(known.name))
             return known.statistic;
     }
-    if (name == QLatin1String("pdev"))
-        throw Misuse{QStringLiteral("--stat: this version does not compute pdev")};
     throw Misuse{
-        QStringLiteral("--stat: unknown statistic \"%1\"; known are sdev, adev, hdev, mdev, tdev, mtie")
+        QStringLiteral("--stat: unknown statistic \"%1\"; known are sdev, adev, hdev, mdev, pdev, tdev, mtie")
             .arg(name)};
 }
 

@@ -44,15 +44,11 @@ void SelRecTable::fillStatisticMenus()
     const Statistic shown = statisticOfVarType(varType);
     for (QMenu* menu : {m_graphMenu, m_tableMenu}) {
         menu->clear();
-        menu->setToolTipsVisible(true);
         for (const Statistic statistic : statisticsOfGroup(groupOf(varType))) {
             QAction* item = menu->addAction(statisticName(statistic));
             item->setCheckable(true);
             item->setChecked(statistic == shown);
             item->setData(int(statistic));
-            item->setEnabled(stabilityKernel(statistic, false).exists());
-            if (!item->isEnabled())
-                item->setToolTip(tr("В этой версии не вычисляется"));
         }
     }
     ui->avarGrBtn->setText(statisticName(shown));

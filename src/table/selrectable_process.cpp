@@ -195,6 +195,7 @@ void SelRecTable::computeAll()
                 avar_calc(i, kernel.wholeScale);
             m_progressDone += m_progressStep;
         }
+        avarRes[index] = avarAll[index][size_t(varType)];
         if (fitted.valid())
             fitted.get();
     }

@@ -90,7 +90,6 @@ void TestCli::misuse_data()
     row("single dash", {"-platform", "xcb", "good.txt"}, "Unknown option");
     row("unknown statistic", {"--stat", "adev,zdev", "good.txt"}, "zdev");
     row("empty name in list", {"--stat", "adev,", "good.txt"}, "unknown statistic");
-    row("pdev", {"--stat", "pdev", "good.txt"}, "does not compute pdev");
     row("csv and json", {"--csv", "--json", "good.txt"}, "exclude");
     row("interval text", {"--interval", "1s", "good.txt"}, "--interval");
     row("interval zero", {"--interval", "0", "good.txt"}, "above 0");

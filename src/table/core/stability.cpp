@@ -2,6 +2,7 @@
 
 #include "base/parallel.h"
 #include "stats/deviations.h"
+#include "stats/parabolic.h"
 #include "stats/tdevmtie.h"
 
 #include <algorithm>
@@ -30,6 +31,7 @@ StabilityKernel stabilityKernel(Statistic statistic, bool overlap)
         kernel.perTau = MTIE;
         break;
     case Statistic::Pdev:
+        kernel.wholeScale = new_rec_parabolic_deviation;
         break;
     }
     return kernel;

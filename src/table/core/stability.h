@@ -13,12 +13,10 @@ using TauKernel = double (*)(long, long, double*, double*, double);
 /// a new array of as many values.
 using ScaleKernel = double* (*)(long, long*, long&, double, double*);
 
-/// The kernel of a statistic: one of the two is set, or none where the program has no such kernel.
+/// The kernel of a statistic: one of the two is set.
 struct StabilityKernel {
     TauKernel perTau = nullptr;
     ScaleKernel wholeScale = nullptr;
-
-    bool exists() const { return perTau || wholeScale; }
 };
 
 /// With `overlap` the overlapping form where there is one: SDEV, ADEV and HDEV. MDEV and TDEV overlap by
