@@ -1,0 +1,95 @@
+#include "table/core/difference.h"
+
+#include "record/comparerecords.h"
+#include "record/record.h"
+#include "table/core/daywriter.h"
+#include "table/core/derivedrecord.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+struct Span {
+    int first, last; // running indices, both included
+};
+
+/// Calls pair(t, xa, xb) for the samples of both spans that stand at the same time, as long as it gives true.
+template <class Pair> void forEachPair(const Record& a, const Record& b, Span inA, Span inB, Pair pair)
+{
+    const double offset = timeShift(a, b);
+    const double farthest = a.Kdec * 0.49; // s
+    SampleWalk walkA(a, inA.first);
+    SampleWalk walkB(b, inB.first);
+    while (!walkA.atEnd() && !walkB.atEnd() && walkA.index() <= inA.last && walkB.index() <= inB.last) {
+        const double apart = walkA.t() - (offset + walkB.t());
+        if (std::abs(apart) > farthest) {
+            if (apart > 0.0)
+                walkB.next();
+            else
+                walkA.next();
+            continue;
+        }
+        if (!std::isnan(apart) && !pair(walkA.t(), walkA.x(), walkB.x()))
+            return;
+        walkA.next();
+        walkB.next();
+    }
+}
+
+} // namespace
+
+DifferenceNames differenceNames(
+    const QString& ref1, const QString& meas1, const QString& ref2, const QString& meas2)
+{
+    const bool same = (ref1 == ref2 && meas1 == meas2) || (ref1 == meas2 && meas1 == ref2);
+    if (same)
+        return {ref1, meas1, false, true};
+    if (ref1 == ref2)
+        return {meas1, meas2, true, true};
+    if (meas1 == meas2)
+        return {ref2, ref1, true, true};
+    if (ref1 == meas2)
+        return {meas1, ref2, true, true};
+    if (meas1 == ref2)
+        return {ref1, meas2, true, true};
+    return {ref1 + QStringLiteral(" + ") + meas1, meas1, true, false};
+}
+
+DifferenceResult differenceOf(Record& a, Record& b, Record& out)
+{
+    DifferenceResult result;
+    if (!(a.Kdec == b.Kdec)) {
+        result.status = DifferenceStatus::OtherIntervals;
+        return result;
+    }
+    Span inA{}, inB{};
+    if (compareRecords2(&a, &b, inA.first, inA.last, inB.first, inB.last) != 1) {
+        result.status = DifferenceStatus::NoCommonTime;
+        return result;
+    }
+    result.countsDiffer = std::abs((inA.last - inA.first) - (inB.last - inB.first)) > 10;
+    bool anyPair = false;
+    forEachPair(a, b, inA, inB, [&](double, double, double) {
+        anyPair = true;
+        return false;
+    });
+    if (!anyPair) {
+        result.status = DifferenceStatus::NoPairs;
+        return result;
+    }
+    const DifferenceNames names = differenceNames(a.ref_sig, a.meas_sig, b.ref_sig, b.meas_sig);
+    result.otherSignals = names.otherSignals;
+    takeParameters(a, out);
+    out.ref_sig = names.ref_sig;
+    out.meas_sig = names.meas_sig;
+    DayWriter writer(out, startTime(a) - startSecond(a));
+    forEachPair(a, b, inA, inB, [&](double t, double xa, double xb) {
+        writer.add(t, xb - xa);
+        return true;
+    });
+    writer.finish();
+    result.pairs = out.n_cnt;
+    setEnds(a, out);
+    return result;
+}
