@@ -3,6 +3,7 @@
 // bound. Yardsticks: for Spectr as many complex transforms of the same length by FFTW, the best plan it
 // finds; for the others a plain vectorised sum of the series.
 
+#include "plainsum.h"
 #include "stats/convolution.h"
 #include "stats/fft.h"
 #include "stats/parabolic.h"
@@ -15,7 +16,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <random>
@@ -26,22 +26,6 @@
 #endif
 
 namespace {
-
-using Pair = double __attribute__((vector_size(16)));
-
-double plainSum(const std::vector<double>& values)
-{
-    Pair sums[4] = {};
-    for (std::size_t i = 0; i + 8 <= values.size(); i += 8) {
-        for (std::size_t k = 0; k < 4; ++k) {
-            Pair two;
-            std::memcpy(&two, values.data() + i + 2 * k, sizeof two);
-            sums[k] += two;
-        }
-    }
-    const Pair all = (sums[0] + sums[1]) + (sums[2] + sums[3]);
-    return all[0] + all[1];
-}
 
 std::vector<double> noise(std::size_t n)
 {

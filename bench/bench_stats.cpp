@@ -2,6 +2,7 @@
 // the least time of the kernel over the least time of a plain vectorised sum of every array it reads, both
 // taken in turn in one run; "bound" is what it should not exceed.
 
+#include "plainsum.h"
 #include "stats/cross.h"
 #include "stats/deviations.h"
 #include "stats/incremental.h"
@@ -14,7 +15,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstring>
 #include <functional>
 #include <limits>
 #include <random>
@@ -23,22 +23,6 @@
 namespace {
 
 constexpr long samples = 10000000;
-
-using Pair = double __attribute__((vector_size(16)));
-
-double plainSum(const std::vector<double>& values)
-{
-    Pair sums[4] = {};
-    for (std::size_t i = 0; i + 8 <= values.size(); i += 8) {
-        for (std::size_t k = 0; k < 4; ++k) {
-            Pair two;
-            std::memcpy(&two, values.data() + i + 2 * k, sizeof two);
-            sums[k] += two;
-        }
-    }
-    const Pair all = (sums[0] + sums[1]) + (sums[2] + sums[3]);
-    return all[0] + all[1];
-}
 
 /// White frequency noise of 1e-9 s a step on an offset of 1 s and a frequency of 1e-6.
 std::vector<double>& noise()
