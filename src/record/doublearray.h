@@ -67,16 +67,16 @@ public:
     void mid(int start, int n, int step, double* dst, double base) const;
 
     /// Moves the iterator to the next value and gives its place. At the end `ok` is false, the result is the
-    /// buffer of part 0 (null without parts) and the iterator stays, except that it moves to the last part
-    /// when only empty parts follow. The iterator reaches the first 65535 parts.
+    /// buffer of the first part (null without parts) and the iterator stays, except that it moves to the last
+    /// part when only empty parts follow. The iterator reaches the first 65535 parts.
     double* nextEl(bool& ok);
     /// Moves the iterator to the value before, over empty parts; also onto values that removeLast() took off.
     /// At the front, and when the array was cleared below the iterator, `ok` is false, the result is as for
     /// nextEl and the iterator stays.
     double* prevEl(bool& ok);
-    /// Puts the iterator on a running index; on part 0, position 0 when there is no such value.
+    /// Puts the iterator on a running index; on the very first place when there is no such value.
     void resetIterator(int index);
-    /// Puts the iterator on a position inside a part; on part 0, position 0 when there is no such value.
+    /// Puts the iterator on a position inside a part; on the very first place when there is no such value.
     void resetIterator(int day, int pos);
 
     /// Takes up to n values off the last part by its length alone: `filled`, `count` and the buffer stay.
