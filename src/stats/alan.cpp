@@ -31,11 +31,6 @@ double gapThreshold(long m, double tau0)
     return 3.0 * static_cast<double>(m) * tau0;
 }
 
-double root(const walk::Total& all)
-{
-    return std::sqrt(std::fabs(all.sum * 0.5 / all.count));
-}
-
 template <class... X> double ofDifferences(long n, long m, long stride, const X*... x)
 {
     if (guards::passes(2, m, n))
@@ -43,7 +38,8 @@ template <class... X> double ofDifferences(long n, long m, long stride, const X*
     if (n == 2 * m)
         return guards::twoPoints(m, x...);
     const auto products = walk::product(walk::D2{x, m}...);
-    return root(walk::total({0, n - 2 * m, stride}, products, walk::Every{})) / static_cast<double>(m);
+    const walk::Total all = walk::total({0, n - 2 * m, stride}, products, walk::Every{});
+    return all.twoSampleRoot() / static_cast<double>(m);
 }
 
 template <class Gate, class... Rate>
@@ -55,7 +51,7 @@ double ofRates(long n, long m, long stride, const Gate& gate, const Rate&... rat
         return guards::twoPointRates(rate...);
     const walk::Grid grid{0, n - 2 * m, stride};
     const auto spread = [&](const auto&... term) {
-        return root(walk::total(grid, walk::product(term...), gate));
+        return walk::total(grid, walk::product(term...), gate).twoSampleRoot();
     };
     return walk::fromShifted(spread, grid, gate, rate...);
 }
@@ -103,7 +99,7 @@ double alan_scdo(long n, long m, doubleArray& x, doubleArray& t, double tau0)
         t0 = t1;
         t1 = ts[2];
     }
-    return root(squares);
+    return squares.twoSampleRoot();
 }
 
 double alan_scdo_overlap(long n, long m, double* x, double)

@@ -76,18 +76,13 @@ double* conv(double* a, int n, double* h, int m)
 
 std::vector<double> convDecimated(const double* a, int n, const double* h, int m, int factor)
 {
-    std::vector<double> out(fullLength(n, m) / static_cast<std::size_t>(factor));
+    std::vector<double> out(static_cast<std::size_t>(std::max(0, n) / factor));
     if (n < 1 || m < 1)
         return out;
     const std::vector<double> turned(std::reverse_iterator(h + m), std::reverse_iterator(h));
     for (std::size_t i = 0; i < out.size(); ++i) {
         const long k = static_cast<long>(i) * factor;
-        if (k < m - 1 || k >= n) {
-            out[i] = valueAt(k, a, n, h, m);
-            continue;
-        }
-        const double* const from = a + (k - m + 1);
-        out[i] = product(turned.data(), from, m);
+        out[i] = k < m - 1 ? valueAt(k, a, n, h, m) : product(turned.data(), a + (k - m + 1), m);
     }
     return out;
 }

@@ -9,6 +9,7 @@
 /// depend on how the work is cut up.
 double* conv(double* a, int n, double* h, int m);
 
-/// Every `factor`-th value of conv(a, n, h, m), from the first on: (n+m-1) div factor of them, equal to
-/// conv's to rounding. The values between are not worked out. factor is at least 1. Private to the room.
+/// Every `factor`-th of the first n values of conv(a, n, h, m), from the first on: n div factor of them,
+/// equal to conv's to rounding. The values between are not worked out. factor is at least 1. Private to the
+/// room.
 std::vector<double> convDecimated(const double* a, int n, const double* h, int m, int factor);

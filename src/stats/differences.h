@@ -115,6 +115,12 @@ template <int Steps> struct Rising {
     }
 };
 
+/// The gap threshold of a single time step, s.
+inline double stepBound(long m, double tau0)
+{
+    return 2.0 * static_cast<double>(m) * tau0;
+}
+
 /// Each of the first `Steps` time steps is positive and below `bound`.
 template <int Steps> struct Regular {
     const double* t;

@@ -79,7 +79,7 @@ bool installDefaultFilter(const QString& configDir)
     Q_INIT_RESOURCE(filter);
     QFile source(QStringLiteral(":/filter.txt"));
     QDir().mkpath(configDir);
-    QTemporaryFile copy(fileName + QStringLiteral(".XXXXXX"));
+    QTemporaryFile copy(fileName + QStringLiteral(".new"));
     const bool written = source.open(QIODevice::ReadOnly) && copy.open()
         && copy.write(source.readAll()) == source.size() && copy.flush()
         && copy.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);

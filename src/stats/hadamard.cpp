@@ -22,11 +22,6 @@ struct LastStepEitherWay {
     }
 };
 
-double gapThreshold(long m, double tau0)
-{
-    return 2.0 * static_cast<double>(m) * tau0;
-}
-
 /// sqrt(|mean product of the terms| / inside).
 template <class Gate, class... Term>
 double root(const walk::Grid& grid, double inside, const Gate& gate, const Term&... term)
@@ -78,7 +73,7 @@ double cross_hadamard_scdo_overlap(long n, long m, double* x, double* y)
 
 double hadamard_scdo(long n, long m, double* x, double* t, double tau0)
 {
-    return ofRates(n, m, m, walk::Regular<3>{t, m, gapThreshold(m, tau0)}, walk::F3{x, t, m});
+    return ofRates(n, m, m, walk::Regular<3>{t, m, walk::stepBound(m, tau0)}, walk::F3{x, t, m});
 }
 
 double cross_hadamard_scdo(long n, long m, double* x, double* y, double* u, double* v)
@@ -88,7 +83,7 @@ double cross_hadamard_scdo(long n, long m, double* x, double* y, double* u, doub
 
 double hadamard_scdo_overlap(long n, long m, double* x, double* t, double tau0)
 {
-    const LastStepEitherWay gate{t, m, gapThreshold(m, tau0)}; // d3 is not tested for being positive
+    const LastStepEitherWay gate{t, m, walk::stepBound(m, tau0)}; // d3 is not tested for being positive
     return ofRates(n, m, 1, gate, walk::F3{x, t, m});
 }
 

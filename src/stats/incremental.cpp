@@ -129,8 +129,9 @@ double sco_Upd(long n, long m, double* x, varInf& state, int k)
     if (fresh == 0)
         return std::sqrt(std::fabs(spread) / samples) / factor;
     const long last = (left - 1) / m * m;
-    if (last >= n || carried + 1 >= n)
+    if (last >= n)
         return value; // built for repeated samples that the block does not bring
+    // so carried < m < n: the two samples of the mean lie in the block, too
     const double terms = static_cast<double>(done + fresh);
     const double newMean =
         static_cast<double>(done) * mean / terms + (x[m * fresh - 1] - x[carried + 1]) / terms;

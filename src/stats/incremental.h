@@ -7,8 +7,12 @@
 
 /// The running state of one record for one statistic over a scale of averaging factors. Entry k of the five
 /// arrays belongs to factor k. A copy shares the arrays of the one it was copied from, and they live as long
-/// as either of the two: what one folds in, the other shows, until one of them grows.
+/// as either of the two: what one folds in, the other shows, until one of them grows. A move is a copy.
 struct varInf {
+    varInf() = default;
+    varInf(const varInf&) = default; // named, so that no move leaves pointers behind without their owner
+    varInf& operator=(const varInf&) = default;
+
     int* count = nullptr; ///< samples that have been taken in
     int length = 0; ///< factors that the arrays have room for
     double* value = nullptr; ///< latest deviation
@@ -56,9 +60,11 @@ double alan_scdo_Upd(long n, long m, double* x, varInf& state, int k);
 /// the differences and of their squares. n new samples x, none repeated. Changes value, sum, sumSq and mean,
 /// never count: that is the caller's.
 ///
-/// With c = count, Q = (c-m) div m terms done, L = n+c-mQ samples not yet in a term, N = L div m - 1 and
-/// T = Q+N: mean' = Q*mean/T + (x[mN-1]-x[c-mQ+1])/T, and over the steps d = x[i]-x[i-m], i = m, 2m, ... < L:
-/// value = sqrt((T*mean'^2 - 2*mean'*(sum+S1) + sumSq + S2) / T) / m with S1 = sum d, S2 = sum d^2.
+/// With c = count, Q = (c-m) div m terms done (0 for c < m), L = n+c-mQ samples not yet in a term,
+/// N = L div m - 1 and T = Q+N, and over the steps d = x[i]-x[i-m], i = m, 2m, ... < L, with S1 = sum d and
+/// S2 = sum d^2:
+///   mean' = Q*mean/T + (x[mN-1]-x[c-mQ+1])/T,
+///   value = sqrt((T*mean'^2 - 2*mean'*(sum+S1) + sumSq + S2) / T) / m.
 ///
 /// c < 1 clears the state. Nothing is stored and the return is
 ///   sqrt((mean^2+sumSq-2*mean*sum)/c)/m   for L <= m or m not positive, then with m = 0: no finite value,

@@ -1,6 +1,8 @@
 #include "stats/deviations.h"
 #include "stats/differences.h"
 #include "stats/guards.h"
+#include "stats/pairs.h"
+#include "stats/scale.h"
 #include "stats/timinglog.h"
 #include "stats/walk.h"
 
@@ -8,8 +10,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstring>
-#include <memory>
 
 namespace {
 
@@ -43,10 +43,8 @@ template <class Term> void changes(const Term& term, long i, long count, double*
 {
     const auto change = [&term](auto at) { return term(at.shifted(term.m)) - term(at); };
     long k = 0;
-    for (; k + 2 <= count; k += 2) {
-        const walk::Pair both = change(walk::Neighbours{i + k});
-        std::memcpy(out + k, &both, sizeof both);
-    }
+    for (; k + 2 <= count; k += 2)
+        pairs::store(out + k, change(walk::Neighbours{i + k}));
     if (k < count)
         out[k] = change(walk::Single{i + k});
 }
@@ -127,16 +125,9 @@ double mod_alan_scdo(long n, long m, double* x, double* t, double)
 
 double* mod_alan_deviation(long n, long* steps, long& count, double tau0, double* x)
 {
-    std::unique_ptr<double[]> values(new double[count]);
-    long kept = 0;
-    for (long k = 0; k < count; ++k) {
-        const long m = steps[k];
-        if (guards::reaches(3, m, n))
-            continue;
+    return overScale(n, 3, steps, count, [=](long, long m) {
         const double factor = static_cast<double>(m);
         const double squares = runningSquares(walk::D2{x, m}, positions(n, m)); // no two-point case
-        values[kept++] = deviation(squares, positions(n, m)) / factor / (tau0 * factor);
-    }
-    count = kept;
-    return values.release();
+        return deviation(squares, positions(n, m)) / factor / (tau0 * factor);
+    });
 }

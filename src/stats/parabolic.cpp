@@ -1,11 +1,10 @@
 #include "stats/parabolic.h"
 
-#include "stats/guards.h"
 #include "stats/pairs.h"
+#include "stats/scale.h"
 
 #include <cmath>
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace {
@@ -118,19 +117,6 @@ template <class Moment> double squares(long blocks, const Moment& momentOf)
     return sums[0] + sums[1];
 }
 
-/// One value for each factor that is kept.
-template <class Value> double* scale(long n, const long* steps, long& count, const Value& value)
-{
-    std::unique_ptr<double[]> values(new double[count]());
-    long kept = 0;
-    for (long k = 0; k < count; ++k) {
-        if (!guards::reaches(2, steps[k], n))
-            values[kept++] = value(k, steps[k]);
-    }
-    count = kept;
-    return values.release();
-}
-
 /// The earlier form's m = 1.
 double allan(long n, double tau0, const double* x)
 {
@@ -148,7 +134,7 @@ double* new_rec_parabolic_deviation(long n, long* steps, long& count, double tau
 {
     constexpr long leastKept = 16;
     BlockSums table;
-    return scale(n, steps, count, [&](long, long m) {
+    return overScale(n, 2, steps, count, [&](long, long m) {
         const long K = n / m;
         double S;
         if (m < leastKept) {
@@ -165,7 +151,7 @@ double* new_rec_parabolic_deviation(long n, long* steps, long& count, double tau
 
 double* rec_parabolic_deviation(long n, long* steps, long& count, double tau0, double* x)
 {
-    return scale(n, steps, count, [=](long index, long m) {
+    return overScale(n, 2, steps, count, [=](long index, long m) {
         if (index == 0 && m == 1)
             return allan(n, tau0, x); // only at the head of the scale
         const long K = n / m;

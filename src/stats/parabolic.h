@@ -30,7 +30,7 @@
 ///   - the block pair moves by m samples, not by one: fewer terms and a wider spread of the value;
 ///   - S is divided by K although it has K-2 terms.
 /// For long series the form lies below the textbook's for m = 2, 4, 8, 16 by 18, 11, 4, 1.4 per cent in white
-/// phase noise and by 6, 7, 4.5, 2.5 per cent in white frequency noise; both tend to the same value
+/// phase noise and by 6, 7, 4.5, 2.6 per cent in white frequency noise; both tend to the same value
 /// as m grows.
 ///
 /// From m = 16 on the sums of all blocks are kept; a following factor that is a multiple of m is put together

@@ -5,8 +5,6 @@
 #include "stats/shift.h"
 #include "stats/walk.h"
 
-#include <cmath>
-
 // A body takes one series for a deviation and two for a cross deviation.
 
 namespace {
@@ -29,11 +27,6 @@ long sampleSteps(long n, long)
 }
 /// @}
 
-double root(const walk::Total& all)
-{
-    return std::sqrt(std::fabs(all.sum * 0.5 / all.count));
-}
-
 template <class... X>
 double ofDifferences(long n, long m, long stride, long (*stepsOfDrift)(long, long), const X*... x)
 {
@@ -44,7 +37,8 @@ double ofDifferences(long n, long m, long stride, long (*stepsOfDrift)(long, lon
     const double steps = static_cast<double>(stepsOfDrift(n, m));
     const auto products =
         walk::product(walk::about(walk::D2{x, m}, static_cast<long double>(driftSpan(n, m, x)) / steps)...);
-    return root(walk::total({0, n - 2 * m, stride}, products, walk::Every{})) / static_cast<double>(m);
+    const walk::Total all = walk::total({0, n - 2 * m, stride}, products, walk::Every{});
+    return all.twoSampleRoot() / static_cast<double>(m);
 }
 
 /// The first pass over a series finds its mean, the last the spread about the means.
@@ -58,14 +52,9 @@ double ofRates(long n, long m, long stride, const Gate& gate, const Rate&... rat
     const walk::Grid grid{0, n - 2 * m, stride};
     const auto spread = [&](const auto&... term) {
         const auto products = walk::product(walk::about(term, walk::mean(grid, term, gate))...);
-        return root(walk::total(grid, products, gate));
+        return walk::total(grid, products, gate).twoSampleRoot();
     };
     return walk::fromShifted(spread, grid, gate, rate...);
-}
-
-walk::Regular<2> regular(long m, const double* t, double tau0)
-{
-    return {t, m, 2.0 * static_cast<double>(m) * tau0};
 }
 
 }
@@ -97,7 +86,7 @@ double cross_scdo_overlap(long n, long m, double* x, double* y)
 
 double scdo(long n, long m, double* x, double* t, double tau0)
 {
-    return ofRates(n, m, m, regular(m, t, tau0), walk::F2{x, t, m});
+    return ofRates(n, m, m, walk::Regular<2>{t, m, walk::stepBound(m, tau0)}, walk::F2{x, t, m});
 }
 
 double cross_scdo(long n, long m, double* x, double* y, double* u, double* v)
@@ -107,7 +96,7 @@ double cross_scdo(long n, long m, double* x, double* y, double* u, double* v)
 
 double scdo_overlap(long n, long m, double* x, double* t, double tau0)
 {
-    return ofRates(n, m, 1, regular(m, t, tau0), walk::F2{x, t, m});
+    return ofRates(n, m, 1, walk::Regular<2>{t, m, walk::stepBound(m, tau0)}, walk::F2{x, t, m});
 }
 
 double cross_scdo_overlap(long n, long m, double* x, double* y, double* u, double* v)

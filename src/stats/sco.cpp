@@ -69,11 +69,6 @@ double ofRates(long n, long m, long stride, const Gate& gate, const Rate&... rat
     return walk::fromShifted(spread, grid, gate, rate...);
 }
 
-walk::Regular<1> regular(long m, const double* t, double tau0)
-{
-    return {t, m, 2.0 * static_cast<double>(m) * tau0};
-}
-
 }
 
 double sco(long n, long m, double* x)
@@ -88,7 +83,7 @@ double cross_sco(long n, long m, double* x, double* y)
 
 double sco(long n, long m, double* x, double* t, double tau0)
 {
-    return ofRates(n, m, m, regular(m, t, tau0), walk::F1{x, t, m});
+    return ofRates(n, m, m, walk::Regular<1>{t, m, walk::stepBound(m, tau0)}, walk::F1{x, t, m});
 }
 
 double sco_Nepr(long n, long m, double* x, double* t)
@@ -113,7 +108,7 @@ double cross_sco_overlap(long n, long m, double* x, double* y)
 
 double sco_overlap(long n, long m, double* x, double* t, double tau0)
 {
-    return ofRates(n, m, 1, regular(m, t, tau0), walk::F1{x, t, m});
+    return ofRates(n, m, 1, walk::Regular<1>{t, m, walk::stepBound(m, tau0)}, walk::F1{x, t, m});
 }
 
 double cross_sco_overlap(long n, long m, double* x, double* y, double* u, double* v)

@@ -44,7 +44,8 @@ int pror(double* src, int n, int factor, double* dst);
 
 /// The spectrum over three decades of resolution, in three stages: Spectr of the series; of the series
 /// filtered by "filter.txt" in the configuration directory (firfilter.h) and thinned out to every 10th
-/// sample; and of the series filtered twice and thinned out to every 100th. Joined with w = (top frequency of
+/// sample, n div 10 of them; and of the series filtered twice and thinned out to every 100th, n div 100. The
+/// tail that the filter adds to the series is left out. Joined with w = (top frequency of
 /// stage 1)/2000: below w from stage 3, from w to 10w from stage 2, above from stage 1. At most 4096 points,
 /// so that the topmost frequencies of a long series fall away. f, s1 and s2 have room for 4096 points.
 ///

@@ -1,16 +1,17 @@
 #pragma once
 
+#include "stats/pairs.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 /// The walk over a grid of positions that every deviation kernel shares. A kernel is a difference
 /// (differences.h), a gap test, and a summand made of both; the walk adds the summands of all positions that
-/// pass the test. The parts are written once for a single position and for two at a time, which every 64-bit
-/// machine has registers for. Private to the room.
+/// pass the test. The parts are written once for a single position and for two at a time. Private to the
+/// room.
 namespace walk {
 
-using Pair = double __attribute__((vector_size(16)));
+using pairs::Pair, pairs::folded;
 using PairMask = decltype(Pair{} > Pair{});
 
 /// One position.
@@ -23,12 +24,7 @@ struct Single {
 /// Two neighbouring positions.
 struct Neighbours {
     long i;
-    Pair operator()(const double* p) const
-    {
-        Pair both;
-        std::memcpy(&both, p + i, sizeof both);
-        return both;
-    }
+    Pair operator()(const double* p) const { return pairs::load(p + i); }
     Neighbours shifted(long by) const { return {i + by}; }
 };
 
@@ -59,11 +55,6 @@ template <class Value> Value keep(Every::Always, Value value)
     return value;
 }
 
-inline double folded(Pair value)
-{
-    return value[0] + value[1];
-}
-
 /// The value cut to the upper half of its bits.
 inline Pair leadingBits(Pair value)
 {
@@ -73,7 +64,7 @@ inline Pair leadingBits(Pair value)
 }
 inline double leadingBits(double value)
 {
-    return leadingBits(Pair{value, value})[0];
+    return leadingBits(pairs::both(value))[0];
 }
 
 /// The positions first, first+stride, ... below end.
@@ -87,6 +78,8 @@ struct Total {
     double sum = 0.0;
     double count = 0.0;
     double mean() const { return sum / count; }
+    /// Of second differences: sqrt(|sum/2| / count).
+    double twoSampleRoot() const { return std::sqrt(std::fabs(sum * 0.5 / count)); }
 };
 
 /// Terms summed apart before they join the total: short sums keep the rounding error of a long series small.
@@ -97,7 +90,7 @@ constexpr long blockTerms = 2048;
 template <class Summand, class Gate, class Two, class One>
 Total block(long terms, const Summand& summand, const Gate& gate, const Two& two, const One& one)
 {
-    const Pair ones = {1.0, 1.0};
+    const Pair ones = pairs::both(1.0);
     Pair sumA = {}, sumB = {}, count = {};
     long k = 0;
     for (; k + 4 <= terms; k += 4) {

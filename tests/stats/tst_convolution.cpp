@@ -1,5 +1,6 @@
 #include "stats/convolution.h"
 
+#include "support/directsums.h"
 #include "support/near.h"
 
 #include <QTest>
@@ -7,22 +8,11 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
-#include <random>
 #include <vector>
 
 namespace {
 
-std::vector<double> noise(int n)
-{
-    static std::mt19937 source(4);
-    std::normal_distribution<double> value;
-    std::vector<double> made(size_t(std::max(0, n)));
-    for (double& v : made)
-        v = value(source);
-    return made;
-}
-
-std::vector<double> direct(const std::vector<double>& a, const std::vector<double>& h)
+std::vector<double> directly(const std::vector<double>& a, const std::vector<double>& h)
 {
     std::vector<double> out(a.size() + h.size() - 1);
     for (size_t i = 0; i < a.size(); ++i) {
@@ -41,13 +31,13 @@ private slots:
     {
         for (const int m : {1, 2, 64, 65, 129}) {
             for (const int n : {1, 2, 7, 8, 9, 63, 64, 65, 66, 71, 72, 73, 200, 1000}) {
-                std::vector<double> a = noise(n), h = noise(m);
-                const std::vector<double> want = direct(a, h);
+                std::vector<double> a = direct::noise(n), h = direct::noise(m);
+                const std::vector<double> want = directly(a, h);
                 const std::unique_ptr<double[]> got(conv(a.data(), n, h.data(), m));
                 QVERIFY(std::equal(want.begin(), want.end(), got.get())); // to the last bit: the same order
                 for (const int factor : {1, 10, 100}) {
                     const std::vector<double> thin = convDecimated(a.data(), n, h.data(), m, factor);
-                    QCOMPARE(thin.size(), want.size() / size_t(factor));
+                    QCOMPARE(thin.size(), size_t(n / factor));
                     for (size_t i = 0; i < thin.size(); ++i)
                         NEAR(thin[i], want[i * size_t(factor)], 1e-13, 1e-13);
                 }
@@ -63,7 +53,7 @@ private slots:
         for (const auto& [n, m, length] : rows) {
             const std::unique_ptr<double[]> out(conv(nullptr, n, nullptr, m));
             QVERIFY(std::all_of(out.get(), out.get() + length, [](double value) { return value == 0.0; }));
-            QCOMPARE(convDecimated(nullptr, n, nullptr, m, 1), std::vector<double>(size_t(length)));
+            QCOMPARE(convDecimated(nullptr, n, nullptr, m, 1), std::vector<double>(size_t(std::max(0, n))));
         }
     }
 };

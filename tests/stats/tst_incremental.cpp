@@ -12,6 +12,7 @@
 #include <limits>
 #include <new>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -102,6 +103,10 @@ private slots:
         }
         QCOMPARE(copy.length, 2);
         QCOMPARE(copy.value[1], 3.0);
+        {
+            const varInf moved = std::move(copy);
+        }
+        QCOMPARE(copy.value[1], 3.0); // no pointer without its owner
     }
 
     void blocksGiveTheWhole()
@@ -141,6 +146,8 @@ private slots:
         for (const double tiny : {9e-31, -9e-31, 0.0}) {
             state.value[0] = tiny;
             state.count[0] = 40;
+            QCOMPARE(alan_scdo_Upd_firstSample(10, state, 0), 0L);
+            QCOMPARE(alan_scdo_Upd(3, 10, x.data(), state, 0), 0.0);
             NEAR(alan_scdo_Upd(50, 10, x.data(), state, 0), fresh);
             QCOMPARE(state.count[0], 50);
         }

@@ -5,6 +5,7 @@
 #include "stats/convolution.h"
 #include "stats/fft.h"
 #include "stats/firfilter.h"
+#include "support/directsums.h"
 #include "support/near.h"
 #include "support/scopedhome.h"
 
@@ -16,7 +17,6 @@
 #include <functional>
 #include <limits>
 #include <memory>
-#include <random>
 #include <vector>
 
 namespace {
@@ -31,12 +31,7 @@ constexpr double untouched = -12345.0;
 
 Series noise(int n, double sigma = 1e-11)
 {
-    static std::mt19937 source(6);
-    std::normal_distribution<double> value(0.0, sigma);
-    Series made(size_t(std::max(0, n)));
-    for (double& v : made)
-        v = value(source);
-    return made;
+    return direct::noise(n, sigma);
 }
 
 /// The sum of the definition, with the positive exponent.
@@ -130,8 +125,8 @@ Spectrum stages(const std::vector<Series>& series, double tau, const FirFilter& 
         const int n = int(x.size());
         const std::unique_ptr<double[]> a(conv(x.data(), n, h.data(), 65));
         const std::unique_ptr<double[]> b(conv(a.get(), n + 64, h.data(), 65));
-        tenth.emplace_back(a.get(), a.get() + pror(a.get(), n + 64, 10, a.get()));
-        hundredth.emplace_back(b.get(), b.get() + pror(b.get(), n + 128, 100, b.get()));
+        tenth.emplace_back(a.get(), a.get() + pror(a.get(), n, 10, a.get()));
+        hundredth.emplace_back(b.get(), b.get() + pror(b.get(), n, 100, b.get()));
     }
     const Spectrum one = estimate(series, tau), two = estimate(tenth, 10 * tau);
     const Spectrum three = estimate(hundredth, 100 * tau);
@@ -336,9 +331,9 @@ private slots:
 
     void threeDecades()
     {
-        // A stage gets its first block at n = 128, (n+64)/10 = 128, (n+128)/100 = 128.
-        const int rows[][2] = {{0, 2}, {1, 2}, {127, 2}, {128, 63}, {1215, 509}, {1216, 512}, {12671, 4096},
-            {12672, 4096}, {60000, 4096}, {1000000, 4096}};
+        // A stage gets its first block at n = 128, n/10 = 128, n/100 = 128.
+        const int rows[][2] = {{0, 2}, {1, 2}, {127, 2}, {128, 63}, {1279, 509}, {1280, 512}, {12799, 4096},
+            {12800, 4096}, {60000, 4096}, {1000000, 4096}};
         const ScopedHome home;
         QVERIFY(installDefaultFilter(paths::config()));
         const FirFilter filter = readFirFilter(paths::config() + QStringLiteral("/filter.txt"));

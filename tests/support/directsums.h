@@ -5,8 +5,7 @@
 #include <random>
 #include <vector>
 
-/// Reference sums for the tests of the statistics: the kernels as straight sums in extended precision,
-/// written from the textbook differences.
+/// Reference sums for the tests of the statistics.
 namespace direct {
 
 using Real = long double;
@@ -17,7 +16,25 @@ struct Series {
     long n() const { return static_cast<long>(x.size()); }
 };
 
-/// Noise at one sample a second with gaps, two equal time stamps and one that steps back.
+/// From the stamp i to the next, s.
+inline double stepAfter(long i)
+{
+    switch (i) {
+    case 4:
+        return 2.0;
+    case 7:
+        return 2.5;
+    case 19:
+        return 0.0;
+    case 31:
+        return -1.0;
+    default:
+        return i % 97 == 96 ? 40.0 : 1.0 + static_cast<double>(i % 5) / 1024.0;
+    }
+}
+
+/// Noise at one sample a second with gaps, two equal time stamps and one that steps back. The stamps are
+/// exact, and for m = 1 the step of 2 s, with the 1 s after it, lies on the gap thresholds.
 inline Series roughSeries(long n)
 {
     std::mt19937 source(7);
@@ -27,9 +44,20 @@ inline Series roughSeries(long n)
     for (long i = 0; i < n; ++i) {
         s.x.push_back(phase += 0.1 + noise(source));
         s.t.push_back(now);
-        now += i == 7 ? 2.5 : i == 19 ? 0.0 : i == 31 ? -1.0 : i % 97 == 96 ? 40.0 : 1.0 + 1e-3 * (i % 5);
+        now += stepAfter(i);
     }
     return s;
+}
+
+/// White noise; a count below 1 gives nothing.
+inline std::vector<double> noise(long n, double sigma = 1.0)
+{
+    static std::mt19937 source(6);
+    std::normal_distribution<double> value(0.0, sigma);
+    std::vector<double> made(n > 0 ? static_cast<std::size_t>(n) : 0);
+    for (double& v : made)
+        v = value(source);
+    return made;
 }
 
 enum class Gate { Every, Rising, Bounded, BoundedSum, LastEitherWay };
