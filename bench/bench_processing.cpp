@@ -1,6 +1,9 @@
 // The command "Обработка" on one record of 1,000,000 samples (SDEV, ADEV, HDEV), as a ratio to the kernels
 // alone.
 
+#include "stats/drift.h"
+#include "stats/fits.h"
+#include "stats/plainstats.h"
 #include "support/samplerecord.h"
 #include "table/selrectable.h"
 
@@ -42,6 +45,20 @@ double kernelSeconds(PhaseSeries& series, bool overlap)
     return total;
 }
 
+/// The fits and means that the command takes from the engine besides.
+double fitSeconds(PhaseSeries& series, const QList<int>& dayEnds)
+{
+    return seconds([&] {
+        double a = 0.0, b = 0.0, c = 0.0;
+        const long n = series.size();
+        Trend(n, series.t.data(), series.x.data(), &a);
+        Parab(int(n), series.t.data(), series.x.data(), &a, &b, &c);
+        calcLinRegDrift(series.t.data(), series.x.data(), a, dayEnds, b, 1.0);
+        benchmark::DoNotOptimize(aver(n, series.x.data()));
+        benchmark::DoNotOptimize(sco_phase(n, series.x.data()));
+    });
+}
+
 void process(benchmark::State& state)
 {
     const bool overlap = state.range(0) != 0;
@@ -50,19 +67,24 @@ void process(benchmark::State& state)
     Lehmer random;
     fillRecord(record, samples, 1.0, [&](int) { return 1e-9 * random.next(); });
     PhaseSeries series = phaseSeries(record);
+    const QList<int> dayEnds = record.t.DayLengths;
     table.addRecord(&record);
     table.findChild<QCheckBox*>(QStringLiteral("overlapBox"))->setChecked(overlap);
 
     double command = 1e9;
     double kernels = 1e9;
+    double fits = 1e9;
     for (auto _ : state) {
         command = std::min(command, seconds([&] { table.on_processBtn_clicked(); }));
         state.PauseTiming();
         kernels = std::min(kernels, kernelSeconds(series, overlap));
+        fits = std::min(fits, fitSeconds(series, dayEnds));
         state.ResumeTiming();
     }
     state.counters["kernels_s"] = kernels;
+    state.counters["fits_s"] = fits;
     state.counters["command_to_kernels"] = command / kernels;
+    state.counters["command_to_kernels_and_fits"] = command / (kernels + fits);
 }
 
 BENCHMARK(process)->Arg(0)->Arg(1)->ArgName("overlap")->Iterations(7)->Unit(benchmark::kMillisecond);
