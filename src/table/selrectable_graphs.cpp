@@ -6,6 +6,7 @@
 #include "stats/statisticname.h"
 #include "table/core/recordtexts.h"
 #include "table/core/stabilitytable.h"
+#include "table/core/statisticgroups.h"
 #include "table/selrectable.h"
 #include "ui_selrectable.h"
 
@@ -14,20 +15,6 @@
 #include <QMenu>
 
 namespace {
-
-QList<Statistic> statisticsOfGroup(int group)
-{
-    if (group == 0)
-        return {Statistic::Sdev, Statistic::Adev, Statistic::Hdev};
-    if (group == 1)
-        return {Statistic::Mtie, Statistic::Tdev};
-    return {Statistic::Mdev, Statistic::Pdev};
-}
-
-int groupOf(int varType)
-{
-    return varType < 3 ? 0 : varType < 5 ? 1 : 2;
-}
 
 /// A window in the MDI area is moved and closed by its frame.
 QWidget* frameOf(QWidget* window)
@@ -45,7 +32,7 @@ void SelRecTable::fillStatisticMenus()
     for (QMenu* menu : {m_graphMenu, m_tableMenu}) {
         menu->clear();
         menu->setToolTipsVisible(true);
-        for (const Statistic statistic : statisticsOfGroup(groupOf(varType))) {
+        for (const Statistic statistic : statisticsOfGroup(groupOf(shown))) {
             QAction* item = menu->addAction(statisticName(statistic));
             item->setCheckable(true);
             item->setChecked(statistic == shown);

@@ -5,6 +5,7 @@
 #include "prompt/prompt.h"
 #include "table/core/livetail.h"
 #include "table/core/recordtexts.h"
+#include "table/core/statisticgroups.h"
 #include "table/selrectable.h"
 #include "ui_selrectable.h"
 
@@ -86,7 +87,7 @@ void SelRecTable::process()
     ProgressScope progress(ui->ProcProgressBar);
     const QScopedValueRollback<ProgressScope*> shown(m_progress, &progress);
     const int group = ui->selVarBox->currentIndex();
-    varType = group == 0 ? 1 : group == 1 ? 3 : 5;
+    varType = ::varType(firstShown(group));
     foldLiveTails();
     const QStringList excluded = copyCheckedRows();
     if (!excluded.isEmpty()) {
@@ -169,11 +170,9 @@ void SelRecTable::checkDriftRemoval()
 /// Fits every record and computes every statistic of the group for it, until the user stops it.
 void SelRecTable::computeAll()
 {
-    const int group = ui->selVarBox->currentIndex();
-    const int first = group == 0 ? 0 : group == 1 ? 3 : 5;
-    const int behind = group == 0 ? 3 : group == 1 ? 5 : 7;
+    const QList<Statistic> group = statisticsOfGroup(ui->selVarBox->currentIndex());
     m_progressDone = copyShare;
-    m_progressStep = (1.0 - copyShare) / (std::max(recCount, 1) * (behind - first));
+    m_progressStep = (1.0 - copyShare) / (std::max(recCount, 1) * group.size());
     trends.resize(size_t(recCount));
     for (int i = 0; i < recCount && !m_stopAsked; ++i) {
         const size_t index = size_t(i);
@@ -186,11 +185,13 @@ void SelRecTable::computeAll()
         if (driftExcluded)
             fitted.get();
         generateTauScale(1, m_series.size(), i, false);
-        for (int type = first; type < behind && !m_stopAsked; ++type) {
-            m_type = statisticOfVarType(type);
+        for (const Statistic statistic : group) {
+            if (m_stopAsked)
+                break;
+            m_type = statistic;
             const StabilityKernel kernel = stabilityKernel(m_type, overlapped);
             if (kernel.perTau)
-                avar_calc(i, kernel.perTau, type == varType);
+                avar_calc(i, kernel.perTau, ::varType(m_type) == varType);
             else if (kernel.wholeScale)
                 avar_calc(i, kernel.wholeScale);
             m_progressDone += m_progressStep;
