@@ -95,6 +95,7 @@ TableForm* SelRecTable::newTable(const std::function<QString()>& title)
 {
     auto* table = new TableForm;
     table->setTitleSource(title);
+    table->setWindowIcon(QIcon(QStringLiteral(":/bmp/bmp/tab.png")));
     connect(table, &TableForm::IsClosing, this, &SelRecTable::PlotIsClosed);
     m_tables.prepend(table);
     return table;
@@ -133,7 +134,6 @@ void SelRecTable::on_trendTabBtn_clicked()
 {
     runGuarded("new on_tendTab_Btn", [this] {
         TableForm* table = newTable([] { return tr("Таблица Частота/Дрейф"); });
-        table->setWindowIcon(QIcon(QStringLiteral(":/bmp/bmp/tab.png")));
         const QStringList heads = trendHeads();
         table->setColNum(heads.size(), heads);
         table->setHeadSource(trendHeads);
