@@ -452,15 +452,27 @@ void TestFormatFileReader::progressAndCancel()
 void TestFormatFileReader::blocksJoin()
 {
     const ScopedHome home;
+    constexpr int lines = 400000; // several blocks
+    constexpr int oddEvery = 40013; // a comment, then a line with a plus sign, which is not a plain one
     QByteArray text;
-    for (int i = 0; i < 300000; ++i)
-        text += QByteArray::number(i) + ' ' + QByteArray::number(i * 0.5, 'f', 1) + '\n';
+    for (int i = 0; i < lines; ++i) {
+        const bool odd = i % oddEvery == 0;
+        text += (odd ? "# remark\n+" : "") + QByteArray::number(i) + ' ' + QByteArray::number(i * 0.5, 'f', 1)
+            + '\n';
+        if (i == lines / 2)
+            text += "bad\n";
+    }
     FormatFileReader reader(QStringLiteral("[t] [x]"));
     const Outcome got = parse(reader, home.write(QStringLiteral("a.txt"), text));
-    QVERIFY(got.bad.isEmpty());
-    QCOMPARE(got.columns.constFirst().size(), 300000);
-    for (int i = 0; i < 300000; ++i)
-        QVERIFY(got.columns.at(0).at(i) == i && got.columns.at(1).at(i) == i * 0.5);
+    QCOMPARE(got.bad, QList<int>({lines / 2 + 1}));
+    QCOMPARE(got.columns.constFirst().size(), lines + 1);
+    for (int at = 0; at <= lines; ++at) {
+        if (at == lines / 2 + 1)
+            continue;
+        const int i = at > lines / 2 ? at - 1 : at;
+        QVERIFY(got.columns.at(0).at(at) == i && got.columns.at(1).at(at) == i * 0.5);
+        QCOMPARE(reader.fileLine(at), qint64(at) + 1 + i / oddEvery + 1);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestFormatFileReader)

@@ -1,5 +1,6 @@
 #include "load/core/asciirecord.h"
 
+#include "base/parallel.h"
 #include "record/record.h"
 
 #include <QTime>
@@ -217,34 +218,37 @@ void AsciiFile::setParameters(Record* rec, qint32 channel) const
     rec->stop = stopTime(m_request.start, m_times[0], m_times[m_result.sampleCount - 1]);
 }
 
-void AsciiFile::fillArrays(Record* rec, const QVector<int>& variables) const
+/// Writes the parts of one array, with the values of each line behind each other.
+void AsciiFile::fillArray(doubleArray& array, const std::vector<const double*>& columns) const
 {
-    const int each = variables.size();
-    rec->num_in_days = std::make_unique<qint64[]>(std::size_t(m_parts.size()));
-    std::vector<double> times, values;
+    const int each = int(columns.size());
+    std::vector<double> values;
     int first = 0;
-    for (int part = 0; part < m_parts.size(); ++part) {
-        const int lines = m_parts.at(part);
+    for (const int lines : m_parts) {
         const int length = lines * each;
-        const double* t = m_times + first;
-        const double* x = m_columns[variables.constFirst()] + first;
+        const double* source = columns.front() + first;
         if (each > 1) {
-            times.resize(std::size_t(length));
             values.resize(std::size_t(length));
-            for (int i = 0; i < length; ++i) {
-                times[std::size_t(i)] = t[i / each];
-                values[std::size_t(i)] = m_columns[variables.at(i % each)][first + i / each];
-            }
-            t = times.data();
-            x = values.data();
+            for (int i = 0; i < length; ++i)
+                values[std::size_t(i)] = columns[std::size_t(i % each)][first + i / each];
+            source = values.data();
         }
-        rec->t.AddNewPart(length);
-        rec->t.append__(t, length);
-        rec->x.AddNewPart(length);
-        rec->x.append__(x, length);
-        rec->num_in_days[std::size_t(part)] = length;
+        array.AddNewPart(length);
+        array.append__(source, length);
         first += lines;
     }
+}
+
+void AsciiFile::fillArrays(Record* rec, const QVector<int>& variables) const
+{
+    const std::vector<const double*> times(std::size_t(variables.size()), m_times);
+    std::vector<const double*> values;
+    for (const int variable : variables)
+        values.push_back(m_columns[variable]);
+    runTasks({[&] { fillArray(rec->t, times); }, [&] { fillArray(rec->x, values); }});
+    rec->num_in_days = std::make_unique<qint64[]>(std::size_t(m_parts.size()));
+    for (int part = 0; part < m_parts.size(); ++part)
+        rec->num_in_days[std::size_t(part)] = qint64(m_parts.at(part)) * variables.size();
     rec->n_cnt = rec->x.count;
     rec->n_days = m_parts.size();
 }

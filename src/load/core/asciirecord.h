@@ -9,6 +9,7 @@
 #include <functional>
 #include <vector>
 
+class doubleArray;
 struct Record;
 
 // A text file read by a format template becomes one record for each data variable.
@@ -89,7 +90,7 @@ public:
 
     explicit AsciiFile(const AsciiRequest& request);
 
-    /// Reads and checks the file. `progress` gets the share read, about once a megabyte; false cancels.
+    /// Reads and checks the file. `progress` gets the share read, about every two megabytes; false cancels.
     const AsciiResult& read(const std::function<bool(double)>& progress = {});
     const AsciiResult& result() const { return m_result; }
     /// Names of the data variables.
@@ -108,6 +109,7 @@ private:
     void scaleColumn(int variable);
     int partLength() const;
     void setParameters(Record* rec, qint32 channel) const;
+    void fillArray(doubleArray& array, const std::vector<const double*>& columns) const;
     void fillArrays(Record* rec, const QVector<int>& variables) const;
 
     AsciiRequest m_request;

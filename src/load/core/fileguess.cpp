@@ -46,11 +46,13 @@ FileGuess guessFile(const QString& fileName, const QDateTime& now)
     const QFileInfo info(fileName);
     if (!info.exists())
         return guess;
-    guess.start = timeMade(info);
+    guess.start = QDateTime();
     QFile file(fileName);
     // Pipes and devices may never end, so they count as files that cannot be opened.
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
+        guess.start = timeMade(info);
         return guess;
+    }
     guess.kind = FileKind::Other;
     bool commentSeen = false;
     bool first = true;
@@ -71,7 +73,8 @@ FileGuess guessFile(const QString& fileName, const QDateTime& now)
             break;
         }
     }
-    if (!guess.start.isValid())
+    guess.startTold = guess.start.isValid();
+    if (!guess.startTold)
         guess.start = timeMade(info);
     return guess;
 }

@@ -15,6 +15,7 @@ struct FileGuess {
     FileKind kind = FileKind::Unknown;
     /// Start of the measurement as told by the head of the file, else the time at which the file was made.
     QDateTime start;
+    bool startTold = false; ///< the start is that of the head
 };
 
 /// Looks at the head lines of a file. Known are the lines "Start: yyyy-MM-dd hh:mm:ss" and, as the first one

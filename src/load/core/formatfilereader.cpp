@@ -1,9 +1,11 @@
 #include "load/core/formatfilereader.h"
 
 #include "base/debuglog.h"
+#include "base/largepages.h"
+#include "base/parallel.h"
 #include "load/core/linesource.h"
 #include "load/core/linewalker.h"
-#include "load/core/numbertext.h"
+#include "load/core/plainlines.h"
 
 #include <QByteArray>
 
@@ -11,21 +13,35 @@
 #include <cstdlib>
 #include <limits>
 #include <new>
+#include <thread>
 
 namespace {
 
 constexpr qint64 mostLogLines = 200; // a file
 constexpr qint64 firstRoom = 1024; // lines
+constexpr unsigned mostStretches = 8; // read side by side
 constexpr int mostLines = std::numeric_limits<int>::max() - 1;
 
-/// A line counts unless it is blank or its very first byte is "#".
-bool countsAsLine(const char* begin, const char* end)
+/// Cuts whole lines into as many stretches of about equal size; the later ones may be empty.
+std::vector<char*> cutStretches(char* begin, char* end, size_t count)
 {
-    if (begin < end && *begin == '#')
-        return false;
-    while (begin < end && isWhite(*begin))
-        ++begin;
-    return begin < end;
+    std::vector<char*> borders{begin};
+    for (size_t i = 1; i < count; ++i) {
+        char* const wanted = begin + size_t(end - begin) / count * i;
+        char* const border = lineEnd(std::max(wanted, borders.back()), end);
+        borders.push_back(border < end ? border + 1 : end);
+    }
+    borders.push_back(end);
+    return borders;
+}
+
+void readPlain(std::vector<PlainLines>& stretches, char* begin, char* end)
+{
+    const std::vector<char*> borders = cutStretches(begin, end, stretches.size());
+    std::vector<std::function<void()>> tasks;
+    for (size_t i = 0; i < stretches.size(); ++i)
+        tasks.emplace_back([&, i] { stretches[i].read(borders[i], borders[i + 1]); });
+    runTasks(tasks);
 }
 
 /// Room for the whole file as the part read so far suggests, with some to spare, but no more than it can
@@ -72,6 +88,7 @@ void FormatFileReader::dropData()
     m_columns.clear();
     m_room = 0;
     m_lines = 0;
+    m_fileLines = 0;
     m_bad.clear();
     m_numbering.clear();
     m_faults = 0;
@@ -88,6 +105,7 @@ void FormatFileReader::resizeColumns(qint64 lines)
         static_cast<void>(m_columns[i].release());
         m_columns[i].reset(static_cast<double*>(memory));
         m_table[i] = m_columns[i].get();
+        preferLargePages(memory, std::size_t(lines) * sizeof(double));
     }
     m_room = lines;
 }
@@ -110,7 +128,7 @@ QList<int> FormatFileReader::ParseTheFile(QString fileName, double*** data, int&
         return {};
     }
     try {
-        m_status = parseLines(source);
+        m_status = parseBlocks(source);
     } catch (...) {
         dropData();
         m_status = Status::NotRead;
@@ -127,34 +145,25 @@ QList<int> FormatFileReader::ParseTheFile(QString fileName, double*** data, int&
     return m_bad;
 }
 
-FormatFileReader::Status FormatFileReader::parseLines(LineSource& source)
+FormatFileReader::Status FormatFileReader::parseBlocks(LineSource& source)
 {
     m_columns.resize(std::size_t(m_format.variables.size()));
     m_table.resize(m_columns.size());
     LineWalker walker(m_format);
-    double row[FormatTemplate::maxVariables];
-    qint64 fileLine = 0;
-    qint64 offset = 0; // of fileLine to the index of the line
+    std::vector<PlainLines> stretches(
+        std::clamp(std::thread::hardware_concurrency(), 1u, mostStretches), PlainLines(m_format));
     char* begin = nullptr;
     char* end = nullptr;
     while (source.next(begin, end)) {
-        ++fileLine;
-        if (!countsAsLine(begin, end))
-            continue;
-        if (m_lines == m_room) {
-            if (m_lines == mostLines)
+        readPlain(stretches, begin, end);
+        for (const PlainLines& plain : stretches) {
+            // With too many bad lines the short cut holds no longer.
+            const bool whole = m_bad.size() > LineWalker::mostBadLines;
+            if (!whole && !takePlain(plain, source))
                 return Status::TooLong;
-            resizeColumns(std::min<qint64>(guessRoom(m_lines, source), mostLines));
+            if (!parseLines(whole ? plain.begin() : plain.rest(), plain.end(), walker, source))
+                return Status::TooLong;
         }
-        if (fileLine - m_lines != offset) {
-            offset = fileLine - m_lines;
-            m_numbering.push_back({m_lines, offset});
-        }
-        if (!parseLine(walker, begin, end, row))
-            m_bad.append(m_lines);
-        for (std::size_t i = 0; i < m_table.size(); ++i)
-            m_table[i][m_lines] = row[i];
-        ++m_lines;
     }
     if (source.cancelled())
         return Status::Cancelled;
@@ -162,6 +171,55 @@ FormatFileReader::Status FormatFileReader::parseLines(LineSource& source)
         return Status::ReadError;
     resizeColumns(qint64(m_lines) + 1);
     return m_lines > 0 ? Status::Parsed : Status::NoLines;
+}
+
+bool FormatFileReader::makeRoom(qint64 lines, const LineSource& source)
+{
+    if (m_lines + lines > mostLines)
+        return false;
+    if (m_lines + lines > m_room)
+        resizeColumns(std::min<qint64>(guessRoom(m_lines + lines, source), mostLines));
+    return true;
+}
+
+void FormatFileReader::number(int index, qint64 offset)
+{
+    if (m_numbering.empty() || m_numbering.back().offset != offset)
+        m_numbering.push_back({index, offset});
+}
+
+bool FormatFileReader::takePlain(const PlainLines& plain, const LineSource& source)
+{
+    if (!makeRoom(plain.lines(), source))
+        return false;
+    for (const PlainLines::Numbering& entry : plain.numbering())
+        number(m_lines + entry.index, m_fileLines - m_lines + entry.offset);
+    for (std::size_t i = 0; i < m_table.size(); ++i)
+        std::copy_n(plain.values(int(i)), plain.lines(), m_table[i] + m_lines);
+    m_lines += plain.lines();
+    m_fileLines += plain.textLines();
+    return true;
+}
+
+bool FormatFileReader::parseLines(char* begin, char* end, LineWalker& walker, const LineSource& source)
+{
+    double row[FormatTemplate::maxVariables];
+    while (begin < end) {
+        char* const behind = lineEnd(begin, end);
+        ++m_fileLines;
+        if (countsAsLine(begin, behind)) {
+            if (!makeRoom(1, source))
+                return false;
+            number(m_lines, m_fileLines - m_lines);
+            if (!parseLine(walker, begin, behind, row))
+                m_bad.append(m_lines);
+            for (std::size_t i = 0; i < m_table.size(); ++i)
+                m_table[i][m_lines] = row[i];
+            ++m_lines;
+        }
+        begin = behind < end ? behind + 1 : end;
+    }
+    return true;
 }
 
 bool FormatFileReader::parseLine(LineWalker& walker, char* begin, char* end, double* row)

@@ -15,6 +15,7 @@
 
 class LineSource;
 class LineWalker;
+class PlainLines;
 class QFile;
 struct Record;
 
@@ -65,7 +66,7 @@ public:
     /// The text that SaveToASCII writes, in UTF-8. `rec`'s iterators move; `comment` may be null.
     static std::string asciiText(Record* rec, const QStringList* comment, bool defaultHeader);
 
-    /// Called about once a megabyte with the share of the file read; false stops the reading.
+    /// Called about every two megabytes with the share of the file read; false stops the reading.
     void setProgress(std::function<bool(double)> progress) { m_progress = std::move(progress); }
 
     const FormatTemplate& compiled() const { return m_format; }
@@ -90,7 +91,11 @@ private:
 
     void dropData();
     void resizeColumns(qint64 lines);
-    Status parseLines(LineSource& source);
+    Status parseBlocks(LineSource& source);
+    bool takePlain(const PlainLines& plain, const LineSource& source);
+    bool parseLines(char* begin, char* end, LineWalker& walker, const LineSource& source);
+    bool makeRoom(qint64 lines, const LineSource& source);
+    void number(int index, qint64 offset);
     bool parseLine(LineWalker& walker, char* begin, char* end, double* row);
     void logFault(const char* text);
 
@@ -102,6 +107,7 @@ private:
     std::vector<double*> m_table; // the columns as they are handed out
     qint64 m_room = 0; // lines that the columns can take
     int m_lines = 0;
+    qint64 m_fileLines = 0; // those that do not count too
     QList<int> m_bad;
     std::vector<Numbering> m_numbering;
     qint64 m_faults = 0; // log lines that the file has asked for

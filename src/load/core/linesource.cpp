@@ -9,7 +9,7 @@
 namespace {
 
 constexpr std::size_t blockSize =
-    1024 * 1024; // bytes; small enough to stay in the cache between reading and parsing
+    2 * 1024 * 1024; // bytes; small enough to stay in the cache between reading and parsing
 
 } // namespace
 
@@ -77,12 +77,21 @@ bool LineSource::refill()
     return !m_atEnd;
 }
 
-bool LineSource::lastLine(char*& begin, char*& end)
+bool LineSource::next(char*& begin, char*& end)
 {
+    bool more = m_begin == m_end ? refill() : true;
+    void* lineEnd = nullptr;
+    while (more) {
+        lineEnd = memrchr(m_text.get() + m_searched, '\n', m_end - m_searched);
+        if (lineEnd)
+            break;
+        m_searched = m_end;
+        more = refill();
+    }
     if (m_failed || m_cancelled || m_begin == m_end)
         return false;
     begin = m_text.get() + m_begin;
-    end = m_text.get() + m_end;
-    m_begin = m_searched = m_end;
+    end = lineEnd ? static_cast<char*>(lineEnd) + 1 : m_text.get() + m_end;
+    m_begin = m_searched = std::size_t(end - m_text.get());
     return true;
 }

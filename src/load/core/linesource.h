@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QString>
 
-#include <cstring>
+#include <cstddef>
 #include <functional>
 #include <memory>
 
@@ -17,29 +17,15 @@ public:
 
     /// False when the file cannot be read; error() then tells why.
     bool open();
-    /// Called with the share of the file read so far, about once a megabyte; false ends the lines.
+    /// Called with the share of the file read so far, about every two megabytes; false ends the lines.
     void setProgress(std::function<bool(double)> progress) { m_progress = std::move(progress); }
 
-    /// The next line without its end. The characters may be changed and stay valid until the next call. False
-    /// at the end of the file, after a read error (failed()) and when the progress callback said so
-    /// (cancelled()).
-    bool next(char*& begin, char*& end)
-    {
-        do {
-            char* const from = m_text.get() + m_searched;
-            void* const found = std::memchr(from, '\n', m_end - m_searched);
-            if (found) {
-                begin = m_text.get() + m_begin;
-                end = static_cast<char*>(found);
-                m_begin = m_searched = std::size_t(end - m_text.get()) + 1;
-                return true;
-            }
-            m_searched = m_end;
-        } while (refill());
-        return lastLine(begin, end);
-    }
+    /// The next lines, all whole; only the last one of the file may lack its end. The characters may be
+    /// changed and stay valid until the next call. False at the end of the file, after a read error
+    /// (failed()) and when the progress callback said so (cancelled()).
+    bool next(char*& begin, char*& end);
 
-    /// Bytes of the file up to the end of the current line, and of all of it as it was when it was opened.
+    /// Bytes of the file up to the end of the lines given, and of all of it as it was when it was opened.
     qint64 consumed() const { return m_blockStart + qint64(m_begin); }
     qint64 size() const { return m_size; }
     bool failed() const { return m_failed; }
@@ -48,7 +34,6 @@ public:
 
 private:
     bool refill();
-    bool lastLine(char*& begin, char*& end);
     void makeRoom();
 
     QFile m_file;
@@ -56,7 +41,7 @@ private:
     std::function<bool(double)> m_progress;
     std::unique_ptr<char[]> m_text;
     std::size_t m_capacity = 0;
-    std::size_t m_begin = 0; // of the current line in m_text
+    std::size_t m_begin = 0; // of the lines to come in m_text
     std::size_t m_searched = 0; // no line end in [m_begin, m_searched)
     std::size_t m_end = 0; // of the text read so far
     qint64 m_blockStart = 0; // position of m_text in the file
