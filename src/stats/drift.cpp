@@ -1,14 +1,15 @@
 #include "stats/drift.h"
 
-#include "stats/fits.h"
-
 #include "base/debuglog.h"
+#include "stats/fits.h"
+#include "stats/middle.h"
 
 #include <QByteArray>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -19,15 +20,17 @@ constexpr int greatestGap = 3600; // s
 constexpr double day = 86400.0; // s
 
 /// The middle value, or the mean of the two in the middle; reorders the values.
-double median(QVector<double>& values)
+double median(std::vector<double>& values)
 {
-    // NaN has no order of its own: it ranks last, so that the order stays defined.
-    const auto before = [](double a, double b) { return a < b || (std::isnan(b) && !std::isnan(a)); };
-    const auto middle = values.begin() + values.size() / 2;
-    std::nth_element(values.begin(), middle, values.end(), before);
-    if (values.size() % 2)
-        return *middle;
-    return (*std::max_element(values.begin(), middle, before) + *middle) / 2.0;
+    Middle middle{};
+    if (std::none_of(values.begin(), values.end(), [](double value) { return std::isnan(value); })) {
+        middle = middleOf(values);
+    } else { // NaN has no order of its own: it ranks last, so that the order stays defined
+        std::sort(values.begin(), values.end(),
+            [](double a, double b) { return a < b || (std::isnan(b) && !std::isnan(a)); });
+        middle = {values[(values.size() - 1) / 2], values[values.size() / 2]};
+    }
+    return values.size() % 2 ? middle.upper : (middle.lower + middle.upper) / 2.0;
 }
 
 QByteArray number(double value)
@@ -41,10 +44,10 @@ void medianFilt(QVector<QPair<double, double>>& points, double, int& removed)
 {
     if (points.isEmpty())
         return;
-    QVector<double> values;
-    values.reserve(points.size());
+    std::vector<double> values;
+    values.reserve(size_t(points.size()));
     for (const auto& point : qAsConst(points))
-        values.append(point.second);
+        values.push_back(point.second);
     const double middle = median(values);
     for (double& value : values)
         value = std::fabs(value - middle);
@@ -84,6 +87,7 @@ double calcLinRegDrift(
     long i = 0;
     for (const int dayEnd : qAsConst(dayEnds)) {
         Points points;
+        points.reserve(int(std::max(0.0, std::min(dayEnd / interval - double(i) + 1.0, 1e8))));
         for (; static_cast<double>(i) * interval < dayEnd; ++i)
             points.append({t[i], x[i]});
         if (points.size() < leastDay)

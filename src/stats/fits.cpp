@@ -5,28 +5,72 @@
 
 namespace {
 
-/// The sums run in extended precision: the powers of x up to the fourth leave plain double too few digits for
-/// a phase with an offset.
+// The powers of x up to the fourth leave plain double too few digits for a phase with an offset. So the sums
+// are kept in extended precision, and fed block by block from plain ones counted from the block's first
+// point, which are small.
+using Real = long double;
+
+double apart(double a, double b)
+{
+    return a - b;
+}
+
+double apart(long a, long b)
+{
+    return static_cast<double>(static_cast<Real>(a) - static_cast<Real>(b));
+}
+
+struct PowerSums {
+    Real u1 = 0, u2 = 0, u3 = 0, u4 = 0, v = 0, uv = 0, uuv = 0;
+};
+
+/// Adds the sums of `count` points with (u, v) = (du + shift, dv + rise).
+void addShifted(PowerSums& sums, Real count, const PowerSums& d, Real shift, Real rise)
+{
+    const Real s = shift, ss = s * s;
+    sums.u1 += d.u1 + count * s;
+    sums.u2 += d.u2 + 2 * s * d.u1 + count * ss;
+    sums.u3 += d.u3 + 3 * s * d.u2 + 3 * ss * d.u1 + count * ss * s;
+    sums.u4 += d.u4 + 4 * s * d.u3 + 6 * ss * d.u2 + 4 * ss * s * d.u1 + count * ss * ss;
+    const Real dv = d.v + count * rise, duv = d.uv + rise * d.u1, duuv = d.uuv + rise * d.u2;
+    sums.v += dv;
+    sums.uv += duv + s * dv;
+    sums.uuv += duuv + 2 * s * duv + ss * dv;
+}
+
+template <class X> PowerSums powerSums(int n, const X* x, const double* y)
+{
+    constexpr int blockSize = 512;
+    PowerSums sums;
+    for (int first = 0; first < n; first += std::min(blockSize, n - first)) {
+        const int end = first + std::min(blockSize, n - first);
+        double u1 = 0, u2 = 0, u3 = 0, u4 = 0, v1 = 0, uv = 0, uuv = 0;
+        for (int i = first; i < end; ++i) {
+            const double u = apart(x[i], x[first]), v = y[i] - y[first], uu = u * u;
+            u1 += u;
+            u2 += uu;
+            u3 += uu * u;
+            u4 += uu * uu;
+            v1 += v;
+            uv += u * v;
+            uuv += uu * v;
+        }
+        addShifted(sums, end - first, {u1, u2, u3, u4, v1, uv, uuv}, static_cast<Real>(x[first]), y[first]);
+    }
+    return sums;
+}
+
 template <class X> bool parabola(int n, const X* x, const double* y, double* q, double* l, double* c)
 {
-    using Real = long double;
     if (n < 5) {
         *q = 0.0;
         *c = 0.0;
         *l = 100000000.0; // marks a fit without enough points
         return false;
     }
-    Real s1 = 0, s2 = 0, s3 = 0, s4 = 0, t0 = 0, t1 = 0, t2 = 0;
-    for (int i = 0; i < n; ++i) {
-        const Real u = static_cast<Real>(x[i]), v = static_cast<Real>(y[i]);
-        s1 += u;
-        s2 += u * u;
-        s3 += u * u * u;
-        s4 += u * u * u * u;
-        t0 += v;
-        t1 += u * v;
-        t2 += u * u * v;
-    }
+    const PowerSums sums = powerSums(n, x, y);
+    const Real s1 = sums.u1, s2 = sums.u2, s3 = sums.u3, s4 = sums.u4;
+    const Real t0 = sums.v, t1 = sums.uv, t2 = sums.uuv;
     const Real count = static_cast<Real>(n);
     const Real determinant =
         s1 * s2 * s3 + s1 * s3 * s2 + count * s2 * s4 - s2 * s2 * s2 - s1 * s1 * s4 - count * s3 * s3;

@@ -1,10 +1,13 @@
 #include "stats/drift.h"
 #include "stats/fits.h"
+#include "stats/middle.h"
 #include "support/near.h"
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <vector>
 
 namespace {
@@ -83,6 +86,26 @@ private slots:
         QCOMPARE(linreg(-1, points, intercept, error), 1.0);
         QVERIFY(intercept == 7.0 && error == 8.0);
         NEAR(linreg(3, {{1e9, 1}, {1e9 + 1, 3}, {1e9 + 2, 5}}, intercept, error), 2.0); // a late epoch
+    }
+
+    void middle()
+    {
+        std::mt19937 random;
+        for (const int n : {1, 2, 5, 4095, 4096, 20001}) {
+            std::vector<double> noise, steps, same(size_t(n), 7.0);
+            for (int i = 0; i < n; ++i) {
+                noise.push_back(double(random()));
+                // every place that is a multiple of a thousandth of the length misleads a regular sample
+                steps.push_back(i % (n / 1024 + 1) == 0 ? 1e6 + i : -i);
+            }
+            for (const std::vector<double>& values : {noise, steps, same}) {
+                std::vector<double> sorted = values, work = values;
+                std::sort(sorted.begin(), sorted.end());
+                const Middle found = middleOf(work);
+                QCOMPARE(found.lower, sorted[size_t(n - 1) / 2]);
+                QCOMPARE(found.upper, sorted[size_t(n) / 2]);
+            }
+        }
     }
 
     void medianFilter_data()
