@@ -314,3 +314,26 @@ void doubleArray::clear()
     DayLengths.clear();
     count = 0;
 }
+
+void doubleArray::sharePart(const doubleArray& src, int day)
+{
+    const int length = src.DayLengths.at(day);
+    parts.append(src.parts.at(day));
+    capacity.append(length); // what lies behind belongs to the source
+    filled.append(length);
+    DayLengths.append(total() + length);
+    addToCount(length);
+}
+
+void doubleArray::unshare()
+{
+    for (int day = 0; day < parts.size(); ++day) {
+        if (parts.at(day).use_count() < 2)
+            continue;
+        const int length = std::max(filled.at(day), DayLengths.at(day)); // the longer after removeLast()
+        std::shared_ptr<double[]> own(new double[size_t(length)]);
+        std::copy_n(parts.at(day).get(), length, own.get());
+        parts[day] = std::move(own);
+        capacity[day] = length;
+    }
+}

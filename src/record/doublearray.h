@@ -87,6 +87,12 @@ public:
     /// Drops all parts; `partLen` and the iterator stay.
     void clear();
 
+    /// Adds a part that is part `day` of another array, buffer and all. Neither array may be written to in
+    /// place before it has been given buffers of its own; appending is no harm.
+    void sharePart(const doubleArray& src, int day);
+    /// Gives the array a buffer of its own in place of each that it shares.
+    void unshare();
+
     /// One buffer a part; null for a part made with size 0.
     QVector<std::shared_ptr<double[]>> parts;
     /// Size of each buffer, in values.

@@ -100,6 +100,36 @@ void copyDay(const doubleArray& src, doubleArray& dst, int day, int size)
     dst.append__(src.DayData(day), existing(src, day, size));
 }
 
+void shareDay(const doubleArray& src, doubleArray& dst, int day, int size)
+{
+    const bool complete = size > 0 && day < src.parts.size() && src.DayLengths.at(day) == size;
+    if (complete && src.capacity.at(day) / 2 <= size) // a buffer mostly empty is not worth holding
+        dst.sharePart(src, day);
+    else
+        copyDay(src, dst, day, size);
+}
+
+template <class Day> void fullCopy(Record* src, Record* dst, Day takeDay)
+{
+    if (src == dst)
+        return;
+    deleteRecord(dst);
+    copyCommon(*src, *dst, "CR: wrong n_cnt!!!!");
+    dst->dataType = src->dataType;
+    dst->devType = src->devType;
+    dst->dyn_n_cnt = src->dyn_n_cnt;
+    resetArray(dst->x, src->n_cnt);
+    resetArray(dst->t, src->n_cnt);
+    for (int day = 0; day < src->n_days; ++day) {
+        const int size = partSize(dayCount(*src, day));
+        takeDay(src->x, dst->x, day, size);
+        takeDay(src->t, dst->t, day, size);
+    }
+    copyLive(*src, *dst);
+    dst->dat_pos = src->dat_pos;
+    logAddress("rec copied ", dst);
+}
+
 void appendSamples(const doubleArray& src, doubleArray& dst, qint64 n)
 {
     for (int day = 0; day < src.parts.size() && n > 0; ++day) {
@@ -172,23 +202,18 @@ void copyRecParamOnly(Record* src, Record* dst)
 
 void copyRecord(Record* src, Record* dst)
 {
-    if (src == dst)
-        return;
-    deleteRecord(dst);
-    copyCommon(*src, *dst, "CR: wrong n_cnt!!!!");
-    dst->dataType = src->dataType;
-    dst->devType = src->devType;
-    dst->dyn_n_cnt = src->dyn_n_cnt;
-    resetArray(dst->x, src->n_cnt);
-    resetArray(dst->t, src->n_cnt);
-    for (int day = 0; day < src->n_days; ++day) {
-        const int size = partSize(dayCount(*src, day));
-        copyDay(src->x, dst->x, day, size);
-        copyDay(src->t, dst->t, day, size);
-    }
-    copyLive(*src, *dst);
-    dst->dat_pos = src->dat_pos;
-    logAddress("rec copied ", dst);
+    fullCopy(src, dst, copyDay);
+}
+
+void shareRecord(Record* src, Record* dst)
+{
+    fullCopy(src, dst, shareDay);
+}
+
+void ownSamples(Record* rec)
+{
+    rec->t.unshare();
+    rec->x.unshare();
 }
 
 void copyRecordSmart(Record* src, Record* dst)

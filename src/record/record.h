@@ -76,6 +76,12 @@ void copyRecParamOnly(Record* src, Record* dst);
 /// throws std::bad_array_new_length.
 void copyRecord(Record* src, Record* dst);
 
+/// As copyRecord, but the copy holds the samples of the source where these are complete, so that it takes
+/// neither time nor memory. Whoever writes samples in place calls ownSamples() first.
+void shareRecord(Record* src, Record* dst);
+/// Gives a record arrays of its own where it shares them.
+void ownSamples(Record* rec);
+
 /// As copyRecord, with the parts made anew by append: their length is that of the longest day. `dataType`,
 /// `devType`, `dyn_n_cnt` and `dat_pos` of the target stay.
 void copyRecordSmart(Record* src, Record* dst);

@@ -93,6 +93,7 @@ void recount(Record& rec)
 
 int StaticRecord::removeF0Values(Record& rec)
 {
+    ownSamples(&rec);
     int removed = 0;
     std::vector<int> lengths;
     std::optional<double> before;

@@ -129,7 +129,7 @@ QStringList SelRecTable::copyCheckedRows()
         }
         if (!isChecked(row))
             continue;
-        copyRecord(&loaded, &record[size_t(recCount)]);
+        shareRecord(&loaded, &record[size_t(recCount)]);
         ++recCount;
     }
     return excluded;

@@ -43,7 +43,8 @@ void SelRecTable::addRecord(Record* rec)
     if (RecIsValid(rec) != 0)
         DebugLOG(" SelRecTable::addRecord Hе сработало.!"); // verbatim
     Record& slot = load_record[free_row];
-    copyRecord(rec, &slot);
+    shareRecord(rec, &slot);
+    deleteRecord(rec); // now the slot holds the samples alone
     if (slot.RecID == 0)
         slot.RecID = generateNewID();
     addCopiedRecord();
@@ -210,9 +211,9 @@ void SelRecTable::MoveRecord_inTable(int from, int to)
     if (!valid(from) || !valid(to) || from == to)
         return;
     Record kept;
-    copyRecord(&load_record[from], &kept);
-    copyRecord(&load_record[to], &load_record[from]);
-    copyRecord(&kept, &load_record[to]);
+    shareRecord(&load_record[from], &kept);
+    shareRecord(&load_record[to], &load_record[from]);
+    shareRecord(&kept, &load_record[to]);
     const bool checkedFrom = isChecked(from);
     setChecked(from, isChecked(to));
     setChecked(to, checkedFrom);
@@ -245,6 +246,7 @@ void SelRecTable::on_RotateRecord_Btn_clicked()
         return;
     Record& rec = load_record[row];
     if (rec.n_cnt > 0) {
+        ownSamples(&rec);
         rec.x.resetIterator(0);
         bool more = true;
         for (double* value = &rec.x[0]; more; value = rec.x.nextEl(more))
@@ -262,7 +264,7 @@ void SelRecTable::removeProcessed(quint16 recID)
         if (record[size_t(i)].RecID == recID)
             continue;
         if (kept != i) {
-            copyRecord(&record[size_t(i)], &record[size_t(kept)]);
+            shareRecord(&record[size_t(i)], &record[size_t(kept)]);
             tauSec[size_t(kept)] = std::move(tauSec[size_t(i)]);
             tauCount[size_t(kept)] = tauCount[size_t(i)];
             avarRes[size_t(kept)] = std::move(avarRes[size_t(i)]);
@@ -298,7 +300,7 @@ void SelRecTable::on_delRecBtn_clicked()
             continue;
         }
         if (kept != row) {
-            copyRecord(&load_record[row], &load_record[kept]);
+            shareRecord(&load_record[row], &load_record[kept]);
             deleteRecord(&load_record[row]);
             setChecked(kept, false);
             DisplayRecInfo_atTableRow(kept, &load_record[kept]);

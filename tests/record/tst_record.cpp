@@ -68,6 +68,7 @@ private slots:
     void deleted();
     void parametersOnly();
     void copied();
+    void sharedSamples();
     void copyWithOddDays();
     void copySmart_data();
     void copySmart();
@@ -180,6 +181,30 @@ void TestRecord::copied()
     QVERIFY(copy.dyn_t.isEmpty());
     copy.t.append(1000.0); // below `partLen`, so that the last part grows
     QCOMPARE(values(copy.t), values(rec.t) + QList<double>{1000.0});
+}
+
+void TestRecord::sharedSamples()
+{
+    Record rec;
+    fill(rec, {3, 2});
+    Record copy;
+    shareRecord(&rec, &copy);
+    QVERIFY(copy.x.DayData(0) == rec.x.DayData(0));
+    QCOMPARE(copy.n_cnt, 5);
+    QCOMPARE(copy.num_in_days[1], 2);
+    const QList<double> before = values(rec.x);
+    // What either side appends stays its own, and so does what it writes once it owns its samples.
+    rec.x.append(7.0);
+    copy.x.append(8.0);
+    QCOMPARE(values(rec.x), before + QList<double>{7.0});
+    QCOMPARE(values(copy.x), before + QList<double>{8.0});
+    ownSamples(&copy);
+    copy.x[0] = 1e9;
+    copy.t[4] = 1e9;
+    QCOMPARE(values(rec.x), before + QList<double>{7.0});
+    QVERIFY(rec.t[4] != 1e9);
+    deleteRecord(&rec);
+    QCOMPARE(values(copy.x).mid(1), before.mid(1) + QList<double>{8.0});
 }
 
 void TestRecord::copyWithOddDays()

@@ -1,6 +1,7 @@
 #include "table/core/outliers.h"
 
 #include "record/record.h"
+#include "stats/middle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -66,20 +67,16 @@ private:
 /// The middle one of the values of a day in their order; NaN for a day without values.
 double median(const Day& day, Kind kind)
 {
-    std::vector<double> sorted;
-    sorted.reserve(size_t(day.length));
+    std::vector<double> usable;
+    usable.reserve(size_t(day.length));
     Values values(kind);
     for (int i = 0; i < day.length; ++i) {
         const double value = values.of(day.t[i], day.x[i]);
         if (std::isfinite(value))
-            sorted.push_back(value);
+            usable.push_back(value);
         values.keep(day.t[i], day.x[i]);
     }
-    if (sorted.empty())
-        return nothing;
-    const auto middle = sorted.begin() + std::ptrdiff_t(sorted.size() / 2);
-    std::nth_element(sorted.begin(), middle, sorted.end());
-    return *middle;
+    return usable.empty() ? nothing : middleOf(usable).upper;
 }
 
 class Filter {
@@ -145,6 +142,7 @@ private:
 qint64 filterDays(Record& record, const Filter& filter)
 {
     qint64 replaced = 0;
+    ownSamples(&record);
     for (int day = 0; day < std::min(record.t.parts.size(), record.x.parts.size()); ++day) {
         const int length = std::min(record.t.DayLengths.at(day), record.x.DayLengths.at(day));
         if (length > 0)

@@ -80,6 +80,7 @@ double scaleOf(const Record& record, const DayPlace& place)
 void relayDays(Record& record)
 {
     doubleArray& time = record.t;
+    time.unshare();
     std::optional<double> before; // last time laid
     for (int day = 0; day < time.parts.size(); ++day) {
         sleep(5);

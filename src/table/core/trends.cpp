@@ -14,12 +14,20 @@
 namespace {
 
 constexpr double day = 86400.0; // s
+constexpr long mostFitted = 1000000; // samples
 constexpr double nanosecond = 1e-9; // s
 const QString none = QStringLiteral(" - ");
 
 QString number(double value)
 {
     return QString::number(value, 'e', 2);
+}
+
+Parabola parabolaThrough(long n, double* t, double* x)
+{
+    Parabola parabola;
+    Parab(int(n), t, x, &parabola.quadratic, &parabola.linear, &parabola.constant);
+    return parabola;
 }
 
 /// Fits line and parabola, and the drift by regression on days. `step` is how much the series was thinned by,
@@ -30,8 +38,8 @@ void fit(Trends& trends, PhaseSeries& series, long step, const QList<int>& dayEn
     double* t = series.t.data();
     double* x = series.x.data();
     Trend(n, t, x, &trends.linearFrequency);
-    Parabola& parabola = trends.parabola;
-    Parab(int(n), t, x, &parabola.quadratic, &parabola.linear, &parabola.constant);
+    const Parabola parabola = parabolaThrough(n, t, x);
+    trends.parabola = parabola;
     trends.middleFrequency = parabola.slopeAt(0.5 * (t[0] + t[n - 1]));
     trends.endFrequency = parabola.slopeAt(t[n - 1]);
     trends.drift = 2.0 * parabola.quadratic;
@@ -49,6 +57,7 @@ void subtract(const Parabola& parabola, PhaseSeries& series)
 
 void subtract(const Parabola& parabola, Record& record)
 {
+    ownSamples(&record);
     const double origin = record.t[0];
     record.t.resetIterator(0);
     record.x.resetIterator(0);
@@ -90,15 +99,22 @@ double dailyDeviation(const Record& record, const PhaseSeries& series, const QDa
 
 } // namespace
 
+Parabola fittedParabola(long n, double* t, double* x)
+{
+    long step = 1;
+    PhaseSeries thinned = thinnedSeries(n, t, x, mostFitted, step);
+    return step > 1 ? parabolaThrough(thinned.size(), thinned.t.data(), thinned.x.data())
+                    : parabolaThrough(n, t, x);
+}
+
 Trends recordTrends(Record& record, PhaseSeries& series, const QDateTime& earliest, bool removeDrift)
 {
-    constexpr long mostFitted = 1000000;
     Trends trends;
     if (series.size() <= 10)
         return trends;
     trends.fitted = true;
     long step = 1;
-    PhaseSeries thinned = thinnedSeries(series, mostFitted, step);
+    PhaseSeries thinned = thinnedSeries(series.size(), series.t.data(), series.x.data(), mostFitted, step);
     PhaseSeries& fitted = step > 1 ? thinned : series;
     fit(trends, fitted, step, record.t.DayLengths);
     if (removeDrift) {
