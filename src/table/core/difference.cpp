@@ -2,42 +2,11 @@
 
 #include "record/comparerecords.h"
 #include "record/record.h"
+#include "table/core/commonsamples.h"
 #include "table/core/daywriter.h"
 #include "table/core/derivedrecord.h"
 
-#include <cmath>
 #include <cstdlib>
-
-namespace {
-
-struct Span {
-    int first, last; // running indices, both included
-};
-
-/// Calls pair(t, xa, xb) for the samples of both spans that stand at the same time, as long as it gives true.
-template <class Pair> void forEachPair(const Record& a, const Record& b, Span inA, Span inB, Pair pair)
-{
-    const double offset = timeShift(a, b);
-    const double farthest = a.Kdec * 0.49; // s
-    SampleWalk walkA(a, inA.first);
-    SampleWalk walkB(b, inB.first);
-    while (!walkA.atEnd() && !walkB.atEnd() && walkA.index() <= inA.last && walkB.index() <= inB.last) {
-        const double apart = walkA.t() - (offset + walkB.t());
-        if (std::abs(apart) > farthest) {
-            if (apart > 0.0)
-                walkB.next();
-            else
-                walkA.next();
-            continue;
-        }
-        if (!std::isnan(apart) && !pair(walkA.t(), walkA.x(), walkB.x()))
-            return;
-        walkA.next();
-        walkB.next();
-    }
-}
-
-} // namespace
 
 DifferenceNames differenceNames(
     const QString& ref1, const QString& meas1, const QString& ref2, const QString& meas2)
@@ -69,8 +38,9 @@ DifferenceResult differenceOf(Record& a, Record& b, Record& out)
         return result;
     }
     result.countsDiffer = std::abs((inA.last - inA.first) - (inB.last - inB.first)) > 10;
+    const double farthest = a.Kdec * 0.49; // s
     bool anyPair = false;
-    forEachPair(a, b, inA, inB, [&](double, double, double) {
+    forEachPair(a, b, inA, inB, farthest, [&](double, double, double, double) {
         anyPair = true;
         return false;
     });
@@ -84,7 +54,7 @@ DifferenceResult differenceOf(Record& a, Record& b, Record& out)
     out.ref_sig = names.ref_sig;
     out.meas_sig = names.meas_sig;
     DayWriter writer(out, startTime(a) - startSecond(a));
-    forEachPair(a, b, inA, inB, [&](double t, double xa, double xb) {
+    forEachPair(a, b, inA, inB, farthest, [&](double t, double xa, double, double xb) {
         writer.add(t, xb - xa);
         return true;
     });

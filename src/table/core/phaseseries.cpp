@@ -31,16 +31,15 @@ PhaseSeries phaseSeries(Record& record)
     return series;
 }
 
-PhaseSeries thinnedSeries(const PhaseSeries& series, long most, long& k)
+PhaseSeries thinnedSeries(long n, const double* t, const double* x, long most, long& k)
 {
-    const long n = series.size();
     k = std::max(1L, (n + most - 1) / most);
     PhaseSeries thinned;
     if (k == 1)
         return thinned;
     for (long i = 0; i < n; i += k) {
-        thinned.t.push_back(series.t[size_t(i)]);
-        thinned.x.push_back(series.x[size_t(i)]);
+        thinned.t.push_back(t[i]);
+        thinned.x.push_back(x[i]);
     }
     return thinned;
 }

@@ -15,6 +15,6 @@ struct PhaseSeries {
 /// All samples of `record`, the live tail included, with t less the first t.
 PhaseSeries phaseSeries(Record& record);
 
-/// At most `most` samples, every k-th: k = n / most rounded up. Gives k as well; empty when k is 1, since
-/// then the whole series serves.
-PhaseSeries thinnedSeries(const PhaseSeries& series, long most, long& k);
+/// At most `most` of `n` samples, every k-th: k = n / most rounded up. Gives k as well; empty when k is 1,
+/// since then the whole series serves.
+PhaseSeries thinnedSeries(long n, const double* t, const double* x, long most, long& k);

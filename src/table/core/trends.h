@@ -19,6 +19,10 @@ struct Parabola {
     double slopeAt(double t) const { return 2.0 * quadratic * t + linear; }
 };
 
+/// The parabola through `n` samples, at most 1,000,000 evenly picked ones of which go into the fit. Fewer
+/// than 5 samples have none that means anything.
+Parabola fittedParabola(long n, double* t, double* x);
+
 /// What the fits say of one record. Values in the unit of x; frequencies and drifts per second of t.
 struct Trends {
     bool fitted = false; ///< false for 10 samples or fewer: then nothing below is set
