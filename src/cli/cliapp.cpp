@@ -1,8 +1,12 @@
 #include "cli/cliapp.h"
 
+#include "base/globals.h"
+#include "base/paths.h"
+#include "cli/clicompute.h"
 #include "cli/cligraph.h"
 #include "cli/clirecord.h"
 #include "cli/clitable.h"
+#include "stats/firfilter.h"
 
 #include <QDir>
 #include <QSaveFile>
@@ -25,17 +29,24 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
     std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
 
-const char* tableFileName(TableStyle style)
+QString tableFileName(const CliOptions& options)
 {
-    switch (style) {
-    case TableStyle::Csv:
-        return "stability.csv";
-    case TableStyle::Json:
-        return "stability.json";
-    case TableStyle::Aligned:
-        break;
-    }
-    return "stability.txt";
+    const char* name = options.content == Content::Spectrum ? "spectrum"
+        : options.content == Content::MinMax                ? "minmax"
+                                                            : "stability";
+    const char* ending = options.style == TableStyle::Csv ? ".csv"
+        : options.style == TableStyle::Json               ? ".json"
+                                                          : ".txt";
+    return QString::fromLatin1(name) + QString::fromLatin1(ending);
+}
+
+void prepareSpectra(const CliOptions& options, QStringList& notes)
+{
+    freqRef = options.carrier;
+    if (!installDefaultFilter(paths::config()))
+        notes << paths::config()
+                + QStringLiteral("/filter.txt: cannot be written; the low frequencies of the spectra are "
+                                 "missing");
 }
 
 void writeFile(const QString& name, const QByteArray& content)
@@ -51,7 +62,9 @@ void writeFolder(
     const QDir folder(options.outputFolder);
     if (!folder.mkpath(QStringLiteral(".")))
         throw DataFault(QStringLiteral("%1: the folder cannot be made").arg(options.outputFolder));
-    writeFile(folder.filePath(QString::fromLatin1(tableFileName(options.style))), table);
+    writeFile(folder.filePath(tableFileName(options)), table);
+    if (options.content != Content::Stability)
+        return;
     for (const Statistic statistic : options.statistics) {
         const QString name = statisticKey(statistic, options.overlap) + QLatin1Char('.') + options.plotType;
         notes << writeGraph(results, statistic, options, folder.filePath(name));
@@ -73,9 +86,9 @@ CliOutcome runCommand(const CliOptions& options)
     CliOutcome outcome;
     QStringList notes;
     try {
-        QVector<CliResult> results;
-        for (const QString& file : options.files)
-            results += processFile(file, options, notes);
+        if (options.content == Content::Spectrum)
+            prepareSpectra(options, notes);
+        const QVector<CliResult> results = computeAll(options, notes);
         const QByteArray table = tableText(results, options);
         if (!options.outputFolder.isEmpty())
             writeFolder(results, options, table, notes);

@@ -17,7 +17,7 @@ QVector<StabilityCurve> curvesOf(const QVector<CliResult>& results, Statistic st
     for (const CliResult& result : results) {
         for (const CliColumn& column : result.columns) {
             if (column.statistic == statistic)
-                curves.append({0, result.file, result.scale.tau, column.values, result.start, result.stop});
+                curves.append({0, result.title, result.scale.tau, column.values, result.start, result.stop});
         }
     }
     return curves;
@@ -54,7 +54,8 @@ QStringList writeGraph(const QVector<CliResult>& results, Statistic statistic, c
 {
     AvarForm form(nullptr, nullptr, 3);
     form.resize(width, height);
-    const StabilityNotes notes{options.removeDrift, options.overlap, false};
+    const bool cross = options.pairing == Pairing::Cross || options.pairing == Pairing::ThreeCorner;
+    const StabilityNotes notes{options.removeDrift, options.overlap, cross};
     const QVector<StabilityCurve> curves = curvesOf(results, statistic);
     const int leftOut = showStability(form, statistic, curves, notes).size();
     const QStringList told = leftOutNotes(curves, leftOut, statisticKey(statistic, options.overlap));

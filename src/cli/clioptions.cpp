@@ -1,10 +1,11 @@
 #include "cli/clioptions.h"
 
+#include "cli/clicommands.h"
+#include "cli/clivalues.h"
 #include "load/core/formattemplate.h"
 
 #include <QCommandLineParser>
 
-#include <cmath>
 #include <optional>
 
 namespace {
@@ -17,6 +18,9 @@ Examples:
   kronalys-cli --stat adev,hdev --overlap --remove-drift samples/clock.txt
   kronalys-cli --format "[x]" --frequency --interval 10 --csv counter.txt
   kronalys-cli --multiplier 1e-9 --stat mdev,tdev --out result --plot pdf ns1.txt ns2.txt
+  kronalys-cli --diff maser.txt clock.txt
+  kronalys-cli --cross --signals "A-B,A-C" ab.txt ac.txt
+  kronalys-cli --limit-y 1e-9 --spectrum --csv clock.txt
 
 Exit status: 0 done, 1 the data cannot be read or processed, 2 the command line is wrong.
 )";
@@ -34,11 +38,6 @@ constexpr StatisticName statisticNames[] = {
     {"pdev", Statistic::Pdev},
     {"tdev", Statistic::Tdev},
     {"mtie", Statistic::Mtie},
-};
-
-/// What is wrong with the command line, in words for the user.
-struct Misuse {
-    QString text;
 };
 
 void addOptions(QCommandLineParser& parser)
@@ -61,7 +60,8 @@ void addOptions(QCommandLineParser& parser)
             QStringLiteral("S")},
         {QStringLiteral("start"),
             QStringLiteral(
-                "Date and time of the first sample. Default: from the head of the file, or its own time."),
+                "Date and time of the first sample; once for all files, or once for each of them. Default: "
+                "from the head of the file, or its own time."),
             QStringLiteral("\"yyyy-MM-dd hh:mm:ss\"")},
         {QStringLiteral("multiplier"),
             QStringLiteral("Factor from the values to seconds (or to fractional frequency). Default: 1."),
@@ -86,29 +86,6 @@ void addOptions(QCommandLineParser& parser)
         {QStringLiteral("plot"), QStringLiteral("Kind of graph file: png, svg or pdf. Default: png."),
             QStringLiteral("TYPE")},
     });
-}
-
-std::optional<QString> valueOf(const QCommandLineParser& parser, const char* name)
-{
-    const QString option = QString::fromLatin1(name);
-    if (!parser.isSet(option))
-        return std::nullopt;
-    const QString value = parser.value(option);
-    if (value.isEmpty())
-        throw Misuse{QStringLiteral("--%1 needs a value").arg(option)};
-    return value;
-}
-
-double numberOf(const QCommandLineParser& parser, const char* name, double byDefault)
-{
-    const std::optional<QString> text = valueOf(parser, name);
-    if (!text)
-        return byDefault;
-    bool ok = false;
-    const double value = text->toDouble(&ok);
-    if (!ok || !std::isfinite(value))
-        throw Misuse{QStringLiteral("--%1: \"%2\" is not a number").arg(QString::fromLatin1(name), *text)};
-    return value;
 }
 
 double readInterval(const QCommandLineParser& parser)
@@ -140,16 +117,23 @@ qint32 readPerSecond(const QCommandLineParser& parser, qint32 byDefault)
     return value;
 }
 
-QDateTime readStart(const QCommandLineParser& parser)
+QVector<QDateTime> readStarts(const QCommandLineParser& parser, int files)
 {
-    const std::optional<QString> text = valueOf(parser, "start");
-    if (!text)
-        return {};
-    const QDateTime start = QDateTime::fromString(*text, startPattern);
-    if (!start.isValid())
-        throw Misuse{
-            QStringLiteral("--start: \"%1\" is not a date and time as \"%2\"").arg(*text, startPattern)};
-    return start;
+    QVector<QDateTime> starts;
+    if (!valueOf(parser, "start"))
+        return starts;
+    for (const QString& text : parser.values(QStringLiteral("start"))) {
+        const QDateTime start = QDateTime::fromString(text, startPattern);
+        if (!start.isValid())
+            throw Misuse{
+                QStringLiteral("--start: \"%1\" is not a date and time as \"%2\"").arg(text, startPattern)};
+        starts << start;
+    }
+    if (starts.size() > 1 && starts.size() != files)
+        throw Misuse{QStringLiteral("--start stands once for all files, or once for each of them: %1 for %2")
+                         .arg(starts.size())
+                         .arg(files)};
+    return starts;
 }
 
 QString faultText(TemplateFault fault)
@@ -240,7 +224,7 @@ CliOptions readOptions(const QCommandLineParser& parser, qint32 perSecond)
         throw Misuse{QStringLiteral("an empty file name")};
     options.format = readTemplate(parser);
     options.interval = readInterval(parser);
-    options.start = readStart(parser);
+    options.starts = readStarts(parser, options.files.size());
     options.multiplier = readMultiplier(parser);
     options.frequency = parser.isSet(QStringLiteral("frequency"));
     options.statistics = readStatistics(parser);
@@ -250,6 +234,7 @@ CliOptions readOptions(const QCommandLineParser& parser, qint32 perSecond)
     options.perSecond = readPerSecond(parser, perSecond);
     options.style = readStyle(parser);
     readOutput(parser, options);
+    readCommands(parser, options);
     return options;
 }
 
@@ -259,6 +244,7 @@ CliCommand readCommandLine(const QStringList& arguments, qint32 perSecond)
 {
     QCommandLineParser parser;
     addOptions(parser);
+    addCommands(parser);
     CliCommand command;
     if (!parser.parse(arguments)) {
         command.text = parser.errorText();
@@ -284,4 +270,10 @@ QString statisticKey(Statistic statistic, bool overlap)
         statistic == Statistic::Sdev || statistic == Statistic::Adev || statistic == Statistic::Hdev;
     const QString name = statisticHead(statistic, true).toLower();
     return overlap && twoForms ? QLatin1Char('o') + name : name;
+}
+
+bool anyLimit(const CliOptions& options)
+{
+    constexpr int phase = 0; // data type of every record that is read
+    return limitFilters(options.limits.frequency, phase) || limitFilters(options.limits.change, phase);
 }

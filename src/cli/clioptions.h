@@ -1,6 +1,8 @@
 #pragma once
 
 #include "stats/statistic.h"
+#include "table/core/merge.h"
+#include "table/core/outliers.h"
 
 #include <QDateTime>
 #include <QString>
@@ -10,19 +12,46 @@
 /// How the table is written.
 enum class TableStyle { Aligned, Csv, Json };
 
+/// What becomes of the records before anything is computed.
+enum class Pairing {
+    None, ///< each stands for itself
+    Difference,
+    Merge,
+    Cross,
+    ThreeCorner,
+};
+
+/// What is put out.
+enum class Content { Stability, Spectrum, MinMax };
+
+/// The names of the signals of one record.
+struct SignalPair {
+    QString measured;
+    QString reference;
+};
+
 /// What the command line asks for.
 struct CliOptions {
     QStringList files;
     /// Format template; empty to take the one that suits the first lines of each file.
     QString format;
     double interval = 1.0; ///< s between samples
-    QDateTime start; ///< of the first sample; null to take it from the file
+    /// Of the first sample: one for all files or one a file; none to take it from the file.
+    QVector<QDateTime> starts;
     double multiplier = 1.0; ///< from the numbers of the file to seconds or to fractional frequency
     bool frequency = false; ///< the values are fractional frequencies
     QVector<Statistic> statistics; ///< without repetition
     bool overlap = false;
     bool removeDrift = false;
     bool skipBadLines = false;
+    OutlierLimits limits;
+    quint32 seed = 1; ///< of the noise that stands for outliers
+    Pairing pairing = Pairing::None;
+    MergeMode mergeMode = MergeMode::KeepGap;
+    bool shiftPhase = false; ///< closes a jump in KeepGap
+    QVector<SignalPair> signalPairs; ///< one a record, or none
+    Content content = Content::Stability;
+    double carrier = 5.0; ///< MHz, see freqRef
     qint32 perSecond = 0; ///< see StabilityOptions
     TableStyle style = TableStyle::Aligned;
     QString outputFolder; ///< empty for no files
@@ -44,3 +73,6 @@ CliCommand readCommandLine(const QStringList& arguments, qint32 perSecond);
 
 /// "adev", or "oadev" when the overlapping form, which differs for sdev, adev and hdev alone, is asked for.
 QString statisticKey(Statistic statistic, bool overlap);
+
+/// Whether a limit is given that filters phase.
+bool anyLimit(const CliOptions& options);

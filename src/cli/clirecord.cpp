@@ -2,28 +2,32 @@
 
 #include "load/core/asciirecord.h"
 #include "load/core/fileguess.h"
-#include "record/record.h"
-#include "table/core/phaseseries.h"
-#include "table/core/stability.h"
-#include "table/core/trends.h"
+#include "table/core/outliers.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cmath>
+#include <random>
+#include <utility>
 
 namespace {
 
-constexpr qint64 fewestSamples = 10; // as in the record table
 constexpr int mostReported = 10;
 
-AsciiRequest requestFor(const QString& file, const CliOptions& options)
+AsciiRequest requestFor(int index, const CliOptions& options, QStringList& notes)
 {
+    const QString& file = options.files[index];
     const FileGuess guess = guessFile(file, QDateTime::currentDateTime());
     AsciiRequest request;
     request.fileName = file;
     request.format = options.format.isEmpty() ? templateFor(guess.kind) : options.format;
-    request.start = options.start.isValid() ? options.start : guess.start;
+    request.start = guess.start;
+    if (!options.starts.isEmpty())
+        request.start = options.starts[options.starts.size() > 1 ? index : 0];
+    else if (options.pairing != Pairing::None && guess.kind != FileKind::Unknown && !guess.startTold)
+        notes << file
+                + QStringLiteral(": tells no start, so the time is taken at which it was made; see --start");
     request.mask = IntervalGiven;
     request.interval = options.interval;
     request.multiplier = options.multiplier;
@@ -89,64 +93,66 @@ void readFile(AsciiFile& file, const AsciiRequest& request, const CliOptions& op
         throw DataFault(QStringLiteral("%1: %2").arg(request.fileName, failure(result)));
 }
 
-void compute(Record& record, const CliOptions& options, CliResult& result, QStringList& notes)
+void replaceOutliers(LoadedRecord& loaded, const CliOptions& options, QStringList& notes)
 {
-    if (record.n_cnt < fewestSamples) {
-        throw DataFault(result.file
-            + QStringLiteral(": too few samples: %1, at least %2 are needed")
-                  .arg(record.n_cnt)
-                  .arg(fewestSamples));
-    }
-    PhaseSeries series = phaseSeries(record);
-    const auto infinite =
-        std::count_if(series.x.begin(), series.x.end(), [](double x) { return !std::isfinite(x); });
-    if (infinite > 0)
-        notes << result.file
-                + QStringLiteral(
-                    ": %1 of %2 samples are not finite; results that rest on them are not either")
-                      .arg(infinite)
-                      .arg(series.size());
-    if (options.removeDrift && !recordTrends(record, series, record.start, true).fitted)
-        throw DataFault(QStringLiteral("%1: too few samples to remove the drift").arg(result.file));
-    result.scale = tauScale(1, series.size(), record.Kdec);
-    StabilityOptions work;
-    work.interval = record.Kdec;
-    work.perSecond = options.perSecond;
-    for (const Statistic statistic : options.statistics) {
-        result.columns.append(
-            {statistic, stability(stabilityKernel(statistic, options.overlap), series, result.scale, work)});
-    }
+    if (!anyLimit(options))
+        return;
+    // Seeded anew, so that what becomes of a record does not depend on those before it.
+    std::mt19937 generator(options.seed);
+    CliSource& source = loaded.result.sources.first();
+    source.replaced = removeOutliers(loaded.record, options.limits, [&] { return int(generator() >> 1); });
+    notes << source.file
+            + QStringLiteral(": %1 of %2 samples replaced by the limits")
+                  .arg(source.replaced)
+                  .arg(loaded.record.n_cnt);
+}
+
+std::unique_ptr<LoadedRecord> recordOf(
+    AsciiFile& file, int column, const QString& name, const QString& format)
+{
+    auto loaded = std::make_unique<LoadedRecord>();
+    Record& record = loaded->record;
+    if (file.fill(&record, column, 0) != AsciiStatus::Ok)
+        throw DataFault(name + QStringLiteral(": the column cannot be read"));
+    CliResult& result = loaded->result;
+    result.title = name;
+    result.start = record.start;
+    result.stop = record.stop;
+    result.interval = record.Kdec;
+    result.samples = record.n_cnt;
+    CliSource source;
+    source.file = name;
+    source.format = format;
+    source.samples = record.n_cnt;
+    source.badLines.assign(file.result().badLines.begin(), file.result().badLines.end());
+    result.sources.append(source);
+    return loaded;
 }
 
 } // namespace
 
-QVector<CliResult> processFile(const QString& fileName, const CliOptions& options, QStringList& notes)
+QString templateOf(const QString& file, const CliOptions& options)
 {
+    return options.format.isEmpty() ? templateFor(guessFile(file, QDateTime()).kind) : options.format;
+}
+
+void loadFile(int index, const CliOptions& options, QStringList& notes,
+    const std::function<void(std::unique_ptr<LoadedRecord>)>& take)
+{
+    const QString& fileName = options.files[index];
     const QFileInfo info(fileName);
     if (info.exists() && !info.isFile() && !info.isDir())
         throw DataFault(
             QStringLiteral("%1: is not a regular file; pipes and devices are not read").arg(fileName));
-    const AsciiRequest request = requestFor(fileName, options);
+    const AsciiRequest request = requestFor(index, options, notes);
     AsciiFile file(request);
     readFile(file, request, options, notes);
-
     const QStringList names = file.columnNames();
-    QVector<CliResult> results;
     for (int column = 0; column < names.size(); ++column) {
-        Record record;
-        const AsciiStatus status = file.fill(&record, column, 0);
-        if (status != AsciiStatus::Ok)
-            throw DataFault(QStringLiteral("%1: column \"%2\" cannot be read").arg(fileName, names[column]));
-        CliResult result;
-        result.file = names.size() > 1 ? QStringLiteral("%1[%2]").arg(fileName, names[column]) : fileName;
-        result.format = request.format;
-        result.start = record.start;
-        result.stop = record.stop;
-        result.interval = record.Kdec;
-        result.samples = record.n_cnt;
-        result.badLines.assign(file.result().badLines.begin(), file.result().badLines.end());
-        compute(record, options, result, notes);
-        results.append(result);
+        const QString name =
+            names.size() > 1 ? QStringLiteral("%1[%2]").arg(fileName, names[column]) : fileName;
+        std::unique_ptr<LoadedRecord> loaded = recordOf(file, column, name, request.format);
+        replaceOutliers(*loaded, options, notes);
+        take(std::move(loaded));
     }
-    return results;
 }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "cli/clitable.h"
+#include "record/record.h"
 
 #include <QString>
 #include <QStringList>
-#include <QVector>
 
+#include <functional>
+#include <memory>
 #include <stdexcept>
 
 /// Data that cannot be read or processed; what() tells the user, in UTF-8, with file and line where there is
@@ -18,6 +20,18 @@ public:
     }
 };
 
-/// Reads a file and computes what `options` ask for: one result for each value column of the template. Lines
-/// left out by --skip-bad-lines are told in `notes`. Throws DataFault; then nothing was computed.
-QVector<CliResult> processFile(const QString& file, const CliOptions& options, QStringList& notes);
+/// A record with what is told of it; nothing is computed yet.
+struct LoadedRecord {
+    CliResult result;
+    Record record;
+};
+
+/// The template of a file: that of `options`, else the one that suits its first lines.
+QString templateOf(const QString& file, const CliOptions& options);
+
+/// Reads file number `index` and hands over one record for each value column of the template, outliers
+/// replaced as `options` ask. `notes` get the lines left out by --skip-bad-lines, the number of samples
+/// replaced, and for records that are paired a start that no one told. Throws DataFault when the file cannot
+/// be read; nothing was handed over then.
+void loadFile(int index, const CliOptions& options, QStringList& notes,
+    const std::function<void(std::unique_ptr<LoadedRecord>)>& take);

@@ -1,18 +1,17 @@
 #include "cli/clitable.h"
 
+#include "cli/cliseries.h"
+#include "cli/clitexts.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
 
-#include <algorithm>
 #include <cstddef>
 #include <map>
 
 namespace {
-
-const QString noValue = QStringLiteral("---");
-const QString dateTimePattern = QStringLiteral("yyyy-MM-dd hh:mm:ss");
 
 struct Row {
     double tau;
@@ -41,71 +40,6 @@ std::map<qint64, Row> mergedRows(const QVector<CliResult>& results)
         place += size_t(result.columns.size());
     }
     return rows;
-}
-
-QString exact(double value)
-{
-    return QString::number(value, 'g', 17);
-}
-
-QString fileLine(const CliResult& result, int number, bool several)
-{
-    QString name = several ? QString::number(number) + QStringLiteral(": ") + result.file : result.file;
-    // The head of a file is one line, whatever its name.
-    std::replace_if(
-        name.begin(), name.end(), [](QChar c) { return c.category() == QChar::Other_Control; },
-        QLatin1Char('?'));
-    return QStringLiteral("# %1, %2 samples, interval %3 s, %4 - %5\n")
-        .arg(name, QString::number(result.samples), QString::number(result.interval, 'g', 10),
-            result.start.toString(dateTimePattern), result.stop.toString(dateTimePattern));
-}
-
-QString quoted(const QString& cell)
-{
-    if (!cell.contains(QLatin1Char(',')) && !cell.contains(QLatin1Char('"'))
-        && !cell.contains(QLatin1Char('\n')) && !cell.contains(QLatin1Char('\r')))
-        return cell;
-    return QLatin1Char('"') + QString(cell).replace(QLatin1Char('"'), QStringLiteral("\"\""))
-        + QLatin1Char('"');
-}
-
-QJsonObject parameters(const CliResult& result, const CliOptions& options)
-{
-    QJsonArray badLines;
-    for (const qint64 line : result.badLines)
-        badLines.append(line);
-    return {
-        {QStringLiteral("file"), result.file},
-        {QStringLiteral("format"), result.format},
-        {QStringLiteral("start"), result.start.toString(dateTimePattern)},
-        {QStringLiteral("stop"), result.stop.toString(dateTimePattern)},
-        {QStringLiteral("interval"), result.interval},
-        {QStringLiteral("multiplier"), options.multiplier},
-        {QStringLiteral("frequency"), options.frequency},
-        {QStringLiteral("overlap"), options.overlap},
-        {QStringLiteral("removeDrift"), options.removeDrift},
-        {QStringLiteral("pointsPerTau"), options.perSecond},
-        {QStringLiteral("samples"), result.samples},
-        {QStringLiteral("badLines"), badLines},
-    };
-}
-
-/// Right-justified to the widest cell of each column, with two blanks between.
-QString aligned(const QVector<QStringList>& lines)
-{
-    std::vector<int> widths(size_t(lines.constFirst().size()), 0);
-    for (const QStringList& line : lines) {
-        for (int c = 0; c < line.size(); ++c)
-            widths[size_t(c)] = std::max(widths[size_t(c)], line[c].size());
-    }
-    QString text;
-    for (const QStringList& line : lines) {
-        QStringList cells;
-        for (int c = 0; c < line.size(); ++c)
-            cells << line[c].rightJustified(widths[size_t(c)]);
-        text += cells.join(QStringLiteral("  ")) + QLatin1Char('\n');
-    }
-    return text;
 }
 
 } // namespace
@@ -139,7 +73,7 @@ QByteArray csvTable(const QVector<CliResult>& results)
         for (const CliColumn& column : result.columns) {
             // The names that --stat takes, with and without overlap, so that a script finds its column.
             const QString key = statisticKey(column.statistic, false);
-            head << quoted(results.size() > 1 ? key + QLatin1Char(':') + result.file : key);
+            head << quoted(results.size() > 1 ? key + QLatin1Char(':') + result.title : key);
         }
     }
     QString text = head.join(QLatin1Char(',')) + QLatin1Char('\n');
@@ -178,6 +112,8 @@ QByteArray jsonTable(const QVector<CliResult>& results, const CliOptions& option
 
 QByteArray tableText(const QVector<CliResult>& results, const CliOptions& options)
 {
+    if (options.content != Content::Stability)
+        return seriesText(results, options);
     switch (options.style) {
     case TableStyle::Csv:
         return csvTable(results);

@@ -19,7 +19,7 @@ bool put(std::FILE* stream, const QByteArray& bytes)
     return std::fflush(stream) == 0 && written;
 }
 
-/// Graphs speak English, as the rest of this program does.
+/// Names of results and graphs are English, as all else here.
 void speakEnglish(QTranslator& translator)
 {
     initResources();
@@ -52,14 +52,16 @@ int main(int argumentCount, char** arguments)
     QTranslator translator;
     auto application = std::make_unique<QCoreApplication>(argumentCount, arguments);
     const CliCommand command = readCommandLine(QCoreApplication::arguments(), AVAR_numPT_perTau);
-    if (command.kind == CliCommand::Kind::Run && !command.options.outputFolder.isEmpty()) {
+    const bool graphs =
+        !command.options.outputFolder.isEmpty() && command.options.content == Content::Stability;
+    if (command.kind == CliCommand::Kind::Run && graphs) {
         application.reset();
         // Graphs are drawn into files only. The user's own platform would end the program where its display
         // is away.
         qputenv("QT_QPA_PLATFORM", "offscreen");
         application = std::make_unique<QApplication>(argumentCount, arguments);
-        speakEnglish(translator);
     }
+    speakEnglish(translator);
     CliOutcome outcome = outcomeOf(command);
     put(stderr, outcome.err);
     if (!put(stdout, outcome.out)) {
