@@ -29,14 +29,37 @@ The records in the table are intact; you can go on working.</translation>
 <context>
     <name>AvarForm</name>
     <message>
-        <location filename="../../src/plot/avarform.cpp" line="+52"/>
+        <location filename="../../src/plot/avarform.cpp" line="+53"/>
         <source>Интервал времени измерения, с</source>
         <translation>Averaging time, s</translation>
     </message>
     <message>
-        <location line="+156"/>
+        <location line="+10"/>
+        <source>Частота, мГц</source>
+        <translation>Frequency, mHz</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Спектр частоты, дБн</source>
+        <translation>Frequency spectrum, dBc</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Спектр фазы, дБн</source>
+        <translation>Phase spectrum, dBc</translation>
+    </message>
+    <message>
+        <location line="+153"/>
         <source>Делить на корень из 2</source>
         <translation>Divide by square root of 2</translation>
+    </message>
+</context>
+<context>
+    <name>CrossRows</name>
+    <message>
+        <location filename="../../src/table/core/crosspair.cpp" line="+118"/>
+        <source>Шум компаратора (по каналам </source>
+        <translation>Comparator noise (channels </translation>
     </message>
 </context>
 <context>
@@ -121,7 +144,7 @@ ver </translation>
 Workstation for time and frequency metrology</translation>
     </message>
     <message>
-        <location line="+58"/>
+        <location line="+60"/>
         <source>Файл не найден:
 %1</source>
         <translation>File not found:
@@ -880,7 +903,27 @@ Check the file or choose another template.</translation>
         <translation>Take all records out of the table</translation>
     </message>
     <message>
-        <location line="+25"/>
+        <location line="+12"/>
+        <source>Вычесть записи</source>
+        <translation>Subtract</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Новая запись: вторая отмеченная запись минус первая</source>
+        <translation>A new record: the second checked one less the first</translation>
+    </message>
+    <message>
+        <location line="+12"/>
+        <source>Объединить</source>
+        <translation>Merge</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Новая запись из двух отмеченных, которые следуют друг за другом</source>
+        <translation>A new record of two checked ones that follow each other</translation>
+    </message>
+    <message>
+        <location line="+31"/>
         <source>Выделить все записи</source>
         <translation>Check all records</translation>
     </message>
@@ -1011,17 +1054,62 @@ Check the file or choose another template.</translation>
         <translation>Take the parabola fitted to the whole record off the phase</translation>
     </message>
     <message>
-        <location line="+32"/>
+        <location line="+7"/>
+        <source>кросс-обработка</source>
+        <translation>cross processing</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Нестабильность общего сигнала двух отмеченных записей</source>
+        <translation>Stability of the signal that two checked records have in common</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>метод трёх генераторов</source>
+        <translation>three-cornered hat</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Нестабильность каждого из трёх генераторов по двум или трём их записям</source>
+        <translation>Stability of each of three clocks from two or three records of them</translation>
+    </message>
+    <message>
+        <location line="+19"/>
         <source>Стоп</source>
         <translation>Stop</translation>
     </message>
     <message>
         <location line="+3"/>
-        <source>Прервать обработку (Esc); прежние результаты останутся</source>
-        <translation>Stop the processing (Esc); the former results stay</translation>
+        <source>Прервать (Esc); таблица и прежние результаты останутся</source>
+        <translation>Stop (Esc); the table and the former results stay</translation>
     </message>
     <message>
         <location line="+10"/>
+        <source>Вычисление спектра</source>
+        <translation>Spectrum</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>вычислять</source>
+        <translation>compute</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Вычислять при обработке спектр фазы и спектр частоты</source>
+        <translation>Compute the spectra of phase and frequency while processing</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Частота (МГц)</source>
+        <translation>Frequency (MHz)</translation>
+    </message>
+    <message>
+        <location line="+10"/>
+        <source>Номинальная частота, к которой относится спектр</source>
+        <translation>Nominal frequency that the spectrum refers to</translation>
+    </message>
+    <message>
+        <location line="+16"/>
         <source>Результаты</source>
         <translation>Results</translation>
     </message>
@@ -1032,21 +1120,30 @@ Check the file or choose another template.</translation>
     </message>
     <message>
         <location line="+3"/>
+        <location line="+42"/>
         <source>Показать график</source>
         <translation>Show the graph</translation>
     </message>
     <message>
-        <location line="+18"/>
+        <location line="-24"/>
         <source>Девиация Аллана</source>
         <translation>Allan deviation</translation>
     </message>
     <message>
         <location line="+3"/>
+        <location line="+42"/>
         <source>Показать таблицу</source>
         <translation>Show the table</translation>
     </message>
     <message>
-        <location line="+18"/>
+        <location line="-24"/>
+        <location line="+21"/>
+        <location filename="../../src/table/selrectable_graphs.cpp" line="+182"/>
+        <source>Спектр фазы</source>
+        <translation>Phase spectrum</translation>
+    </message>
+    <message>
+        <location line="+21"/>
         <source>Частота/Дрейф</source>
         <translation>Frequency/Drift</translation>
     </message>
@@ -1056,41 +1153,90 @@ Check the file or choose another template.</translation>
         <translation>Table of phase and frequency differences and drift</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable.cpp" line="+92"/>
+        <location filename="../../src/table/selrectable.cpp" line="+148"/>
         <source>Записей нет.
-Нажмите «Добавить запись» и выберите файл измерений.</source>
-        <translation>No records.
-Press &quot;Add record&quot; and choose a measurement file.</translation>
+Нажмите «Добавить запись» и выберите файл измерений,
+или перетащите файл сюда.</source>
+        <translation>There are no records.
+Press &quot;Add record&quot; and choose a measurement file,
+or drop a file here.</translation>
     </message>
     <message>
-        <location line="+1"/>
+        <location line="+2"/>
         <source>Изменить время начала записи</source>
         <translation>Change the start time of the record</translation>
     </message>
     <message>
         <location line="+1"/>
-        <source>Ограничение выбросов в этой версии не применяется</source>
-        <translation>Outlier limits are not applied in this version</translation>
+        <source>Наибольшее отклонение от медианы за сутки: для фазы — разности частот, для других данных — самого значения.
+Большие отклонения при обработке заменяются. 0 — без ограничения, для фазы также 1</source>
+        <translation>Largest deviation from the median of the day: of the frequency difference for phase, of the value itself for other data.
+Larger deviations are replaced while processing. 0 means no limit, and so does 1 for phase</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable_graphs.cpp" line="+55"/>
+        <location line="+4"/>
+        <source>То же для изменения от отсчета к отсчету: для фазы — разности частот, для других данных — скорости</source>
+        <translation>The same for the change from sample to sample: of the frequency difference for phase, of the rate for other data</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Пробел — отметить, Ctrl+↑ и Ctrl+↓ — переместить, Del — убрать из таблицы</source>
+        <translation>Space checks, Ctrl+↑ and Ctrl+↓ move, Del removes from the table</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Сшивать отсчеты фазы</source>
+        <translation>Stitch phase samples</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Сшивать по частоте</source>
+        <translation>Stitch by frequency</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>С разрывом по времени</source>
+        <translation>Keep the time gap</translation>
+    </message>
+    <message>
+        <location filename="../../src/table/selrectable_graphs.cpp" line="-118"/>
         <source>Собственная форма программы: при малых m её значения ниже, чем у общепринятой
 PDEV (на 18, 11 и 4 % при m = 2, 4 и 8 для белого фазового шума)</source>
         <translation>The program&apos;s own form: at small m its values lie below the usual PDEV
 (by 18, 11 and 4 % at m = 2, 4 and 8 in white phase noise)</translation>
     </message>
     <message>
-        <location line="+76"/>
+        <location line="+81"/>
         <source>Таблица вариаций (</source>
         <translation>Table of deviations (</translation>
     </message>
     <message>
-        <location line="+17"/>
+        <location line="+38"/>
+        <source>Спектр частоты</source>
+        <translation>Frequency spectrum</translation>
+    </message>
+    <message>
+        <location line="+51"/>
+        <source>Таблица спектр. плотн. мощности</source>
+        <translation>Power spectral density table</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Название</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>%1 мГц</source>
+        <translation>%1 mHz</translation>
+    </message>
+    <message>
+        <location line="+20"/>
         <source>Таблица Частота/Дрейф</source>
         <translation>Table of frequency and drift</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable_process.cpp" line="+94"/>
+        <location filename="../../src/table/selrectable_process.cpp" line="+121"/>
         <source>Следующие записи были исключены из обработки:
 </source>
         <translation>These records were left out of the processing:
@@ -1102,14 +1248,32 @@ PDEV (на 18, 11 и 4 % при m = 2, 4 и 8 для белого фазовог
         <translation>Too few points!</translation>
     </message>
     <message>
-        <location line="+66"/>
+        <location line="+73"/>
+        <source>Применение лимитов на разность частот и изменение разности частот
+возможно только для статических записей.
+Динамически обновляемые записи будут обработаны без учета лимитов.
+Для подробной обработки данных отключите динамическое обновление в таблице Управления записями.</source>
+        <translation>Limits on the frequency difference and its change
+can be applied to static records only.
+Live records will be processed without limits.
+Switch live updating off in the record table for detailed processing.</translation>
+    </message>
+    <message>
+        <location line="+46"/>
         <source>Исключение дрейфа доступно только при обработке статических записей.
 Для подробной обработки данных отключите динамическое обновление в таблице Управления записями.</source>
         <translation>Drift removal is available for static records only.
 To process the data in detail, turn off dynamic updating in the record table.</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable_rows.cpp" line="+38"/>
+        <location line="+17"/>
+        <source>Вычисление спектра возможно только для статических записей.
+Для подробной обработки данных отключите динамическое обновление в таблице Управления записями.</source>
+        <translation>Spectra can be computed for static records only.
+Switch live updating off in the record table for detailed processing.</translation>
+    </message>
+    <message>
+        <location filename="../../src/table/selrectable_rows.cpp" line="+44"/>
         <source>Ошибка загрузки записи</source>
         <translation>Record loading error</translation>
     </message>
@@ -1117,6 +1281,137 @@ To process the data in detail, turn off dynamic updating in the record table.</t
         <location line="+1"/>
         <source>В таблице нет места, запись не загружена!</source>
         <translation>The table is full, the record was not loaded!</translation>
+    </message>
+    <message>
+        <location filename="../../src/table/selrectable_cross.cpp" line="+30"/>
+        <source>Для вычисления кросс-вариаций необходимо выбрать две записи в перекрывающиеся моменты времени с одинаковым опорным сигналом. Кроме этого записи должны иметь одинаковый интервал времени между отсчетами.</source>
+        <translation>Cross deviations need two records that overlap in time and have the same reference signal. The records must also have the same interval between samples.</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Кросс-обработка возможна только при вычислении характеристик стабильности</source>
+        <translation>Cross processing is possible for the stability characteristics only</translation>
+    </message>
+    <message>
+        <location line="+10"/>
+        <source>Кросс-обработка возможна только для статических записей.
+Для подробной обработки данных отключите динамическое обновление в таблице Управления записями.</source>
+        <translation>Cross processing is possible for static records only.
+Switch live updating off in the record table for detailed processing.</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Кросс-обработка возможна только для записей фазовых измерений.</source>
+        <translation>Cross processing is possible for phase records only.</translation>
+    </message>
+    <message>
+        <location line="+24"/>
+        <source>Выбранные записи содержат разные сигналы, кросс-обработка невозможна!</source>
+        <translation>The chosen records hold different signals: cross processing is impossible!</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <location filename="../../src/table/selrectable_pairs.cpp" line="+81"/>
+        <source>Выбранные записи не пересекаются по времени!</source>
+        <translation>The chosen records do not overlap in time!</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <location filename="../../src/table/selrectable_pairs.cpp" line="-2"/>
+        <source>Записи должны иметь одинаковый коэфициент прореживания!</source>
+        <translation>The records must have the same sampling interval!</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <location filename="../../src/table/selrectable_pairs.cpp" line="+4"/>
+        <source>Отсчеты выбранных записей нигде не совпадают по времени!</source>
+        <translation>No samples of the chosen records stand at the same time!</translation>
+    </message>
+    <message>
+        <location line="+4"/>
+        <source>Для метода трёх генераторов нужны записи трёх генераторов: A - B и A - C, или также B - C.</source>
+        <translation>The three-cornered hat needs records of three clocks: A - B and A - C, or B - C as well.</translation>
+    </message>
+    <message>
+        <location line="+10"/>
+        <source>Разница в количестве отсчетов между записями на общем интервале времени превышает 10</source>
+        <translation>The numbers of samples of the records in the common time differ by more than 10</translation>
+    </message>
+    <message>
+        <location filename="../../src/table/selrectable_pairs.cpp" line="-39"/>
+        <source>Необходимо отметить две записи!</source>
+        <translation>Check two records!</translation>
+    </message>
+    <message>
+        <location line="+45"/>
+        <source>Вычитаются записи с разными опорными и измеряемыми сигналами!
+Возможно в одной из записей следует поменять сигналы местами?</source>
+        <translation>The records subtracted have different reference and measured signals!
+Perhaps the signals of one of them should be swapped?</translation>
+    </message>
+    <message>
+        <location line="+12"/>
+        <source>Записи должны быть сделаны для одинаковых сигналов!</source>
+        <translation>The records must be of the same signals!</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Продолжить объединение?</source>
+        <translation>Go on merging?</translation>
+    </message>
+    <message>
+        <location line="+22"/>
+        <source>Между записями слишком большой разрыв по фазе!
+Сдвинуть фазу во второй записи?</source>
+        <translation>The phase jump between the records is too large!
+Shift the phase of the second record?</translation>
+    </message>
+    <message>
+        <location line="+11"/>
+        <source>Невозможно объединение записей с разными типами данных!</source>
+        <translation>Records of different kinds of data cannot be merged!</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Записи должны иметь одинаковый коэфициент прореживания! </source>
+        <translation>The records must have the same sampling interval! </translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>В одной из записей нет отсчетов!</source>
+        <translation>One of the records has no samples!</translation>
+    </message>
+    <message>
+        <location line="+4"/>
+        <source>Выбранные записи не должны пересекаться во времени!</source>
+        <translation>The chosen records must not overlap in time!</translation>
+    </message>
+    <message>
+        <location line="+36"/>
+        <source>Запись, из которой Вы хотите вырезать кусок, была удалена из таблицы,
+ поэтому операция не может быть выполнена.</source>
+        <translation>The record that you want to cut a stretch of was removed from the table,
+ so the operation cannot be carried out.</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>Границы участка в записи не найдены, новая запись не создана.</source>
+        <translation>The borders of the stretch were not found in the record; no new record was made.</translation>
+    </message>
+    <message>
+        <location line="+11"/>
+        <source>Запись не может быть добавлена, 
+т.к превышено максимальное количество записей в таблице, равное </source>
+        <translation>The record cannot be added:
+the table already holds its largest number of records, </translation>
+    </message>
+</context>
+<context>
+    <name>SpectrumGraph</name>
+    <message>
+        <location filename="../../src/plot/spectrumgraph.cpp" line="+17"/>
+        <source>Спектральная плотность мощности</source>
+        <translation>Power spectral density</translation>
     </message>
 </context>
 <context>
@@ -1145,7 +1440,12 @@ To process the data in detail, turn off dynamic updating in the record table.</t
 <context>
     <name>StabilityTable</name>
     <message>
-        <location filename="../../src/table/core/stabilitytable.cpp" line="+30"/>
+        <location filename="../../src/table/core/stabilitytable.cpp" line="+32"/>
+        <source>Каналы</source>
+        <translation>Channels</translation>
+    </message>
+    <message>
+        <location line="+1"/>
         <source>Канал</source>
         <translation>Channel</translation>
     </message>
@@ -1247,7 +1547,7 @@ To process the data in detail, turn off dynamic updating in the record table.</t
 <context>
     <name>TrendTable</name>
     <message>
-        <location filename="../../src/table/core/trends.cpp" line="+150"/>
+        <location filename="../../src/table/core/trends.cpp" line="+166"/>
         <source>Название</source>
         <translation>Name</translation>
     </message>

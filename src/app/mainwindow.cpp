@@ -87,6 +87,8 @@ void MainWindow::connectForms()
     connect(m_table, &SelRecTable::GiveMeRec, m_loading, &OpenFileGlobForm::myshow);
     connect(m_loading, &OpenFileGlobForm::RecReady, m_table, &SelRecTable::addRecord);
     connect(m_loading, &OpenFileGlobForm::AllRecsAdded, this, &MainWindow::showTable);
+    connect(m_table, &SelRecTable::filesDropped, this,
+        [this](const QStringList& files) { m_loading->openFile(files.first()); });
     connect(m_table, &SelRecTable::windowMade, this, &MainWindow::addWindow);
     connect(m_table, &SelRecTable::rowsChanged, this, &MainWindow::updateHint);
 }

@@ -54,7 +54,7 @@ template <class Series> CliResult frameOf(const Series& series, const Records& r
 
 /// One result a row. `values` gives the stability of all rows under a kernel, `spectra` their spectra.
 template <class Values, class Spectra>
-QVector<CliResult> rowResults(const QVector<CrossRow>& rows, const CliResult& frame, long spanCount,
+QVector<CliResult> rowResults(const QVector<CrossRow>& rows, const CliResult& frame,
     const CliOptions& options, Values values, Spectra spectra)
 {
     QVector<CliResult> results(rows.size(), frame);
@@ -71,7 +71,7 @@ QVector<CliResult> rowResults(const QVector<CrossRow>& rows, const CliResult& fr
         }
         return results;
     }
-    const TauScale scale = tauScale(1, spanCount, frame.interval);
+    const TauScale scale = tauScale(1, long(frame.samples), frame.interval);
     for (const Statistic statistic : options.statistics) {
         std::vector<std::vector<double>> all = values(crossKernel(statistic, options.overlap), scale);
         for (int i = 0; i < rows.size(); ++i) {
@@ -98,7 +98,7 @@ QVector<CliResult> ofTwo(Records& records, const CliOptions& options, QStringLis
     const QVector<CrossRow> rows = crossRows(a, b);
     release(records);
     return rowResults(
-        rows, frameOf(series, records, notes), series.spanCount, options,
+        rows, frameOf(series, records, notes), options,
         [&](CrossKernel kernel, const TauScale& scale) { return crossStability(kernel, series, scale); },
         [&] { return crossSpectra(series); });
 }
@@ -115,7 +115,7 @@ QVector<CliResult> ofThree(Records& records, const CliOptions& options, QStringL
     const QVector<CrossRow> rows = hatRows(a, b, c);
     release(records);
     return rowResults(
-        rows, frameOf(series, records, notes), series.spanCount, options,
+        rows, frameOf(series, records, notes), options,
         [&](CrossKernel kernel, const TauScale& scale) { return hatStability(kernel, series, scale); },
         [&] { return hatSpectra(series); });
 }

@@ -21,6 +21,7 @@ namespace {
 constexpr double sqrt2 = 1.4142135623730951;
 /// Channels from here on stand for combinations of records and take a slot even without points.
 constexpr unsigned short firstCrossChannel = 256;
+constexpr int spectrumKind = 2;
 constexpr int stabilityKind = 3;
 
 } // namespace
@@ -53,6 +54,16 @@ void AvarForm::setStability(Statistic statistic)
     for (int axis = 0; axis < MultiAxisPlot::yAxisCount; ++axis)
         setAxisTitleSource(axis,
             [this] { return statisticAxisTitle(statisticOfAvarType(avarType), language::isEnglish()); });
+}
+
+void AvarForm::setSpectrum(bool ofFrequency)
+{
+    plotKind = spectrumKind;
+    plot()->setAxisScaleType(MultiAxisPlot::bottomAxis, MultiAxisPlot::Scale::Log10);
+    setAxisTitleSource(MultiAxisPlot::bottomAxis, [] { return tr("Частота, мГц"); });
+    for (int axis = 0; axis < MultiAxisPlot::yAxisCount; ++axis)
+        setAxisTitleSource(
+            axis, [ofFrequency] { return ofFrequency ? tr("Спектр частоты, дБн") : tr("Спектр фазы, дБн"); });
 }
 
 bool AvarForm::takeSlot(unsigned short channel, long n, const double* x, const double* y)

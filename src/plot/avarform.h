@@ -32,6 +32,8 @@ public:
 
     /// Makes this a stability graph: both axes logarithmic, with their titles.
     void setStability(Statistic statistic);
+    /// Makes this a graph of spectra, of the frequency or else of the phase: the bottom axis logarithmic.
+    void setSpectrum(bool ofFrequency);
     /// Bottom axis and all Y axes by decades.
     void setLogLog();
 

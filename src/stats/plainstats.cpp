@@ -71,10 +71,16 @@ double aver(long n, double* y)
 {
     if (n < 1)
         return 0.0;
-    long double total = 0.0L;
-    for (long i = 0; i < n; ++i)
-        total += static_cast<long double>(y[i]);
-    return static_cast<double>(total / static_cast<long double>(n));
+    // Four sums, since each addition waits for the one before it in the same sum.
+    long double total[4] = {0.0L, 0.0L, 0.0L, 0.0L};
+    long i = 0;
+    for (; i + 4 <= n; i += 4) {
+        for (long k = 0; k < 4; ++k)
+            total[k] += static_cast<long double>(y[i + k]);
+    }
+    for (; i < n; ++i)
+        total[0] += static_cast<long double>(y[i]);
+    return static_cast<double>((total[0] + total[1] + total[2] + total[3]) / static_cast<long double>(n));
 }
 
 double sum(long n, double* y)

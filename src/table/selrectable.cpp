@@ -5,11 +5,13 @@
 #include "ui_selrectable.h"
 
 #include <QAction>
-#include <QEvent>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QShortcut>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -29,8 +31,11 @@ SelRecTable::SelRecTable(QWidget* parent)
     if (!diag)
         diag = new WarnDiag(this);
     freqRef = 5.0;
+    ui->freqlineEdit->setText(QString::number(freqRef));
     buildTable();
     buildActions();
+    buildKeys();
+    showTexts();
     ui->ProcProgressBar->hide();
     ui->stopBtn->hide();
     setFocusProxy(ui->recTable);
@@ -80,28 +85,104 @@ void SelRecTable::buildActions()
     connect(m_graphMenu, &QMenu::triggered, this, &SelRecTable::popup_slot_varplot);
     connect(m_tableMenu, &QMenu::triggered, this, &SelRecTable::popup_slot_vartab);
 
-    auto* stop = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(stop, &QShortcut::activated, this, &SelRecTable::on_stopBtn_clicked);
-    showTexts();
+    m_mergeMenu = new QMenu(this);
+    for (const MergeMode mode : {MergeMode::StitchPhase, MergeMode::StitchFrequency, MergeMode::KeepGap}) {
+        QAction* item = m_mergeMenu->addAction(QString());
+        item->setCheckable(true);
+        item->setChecked(mode == MergeMode::StitchFrequency);
+        item->setData(int(mode));
+    }
+    ui->mergeRecBtn->setMenu(m_mergeMenu);
+    connect(m_mergeMenu, &QMenu::triggered, this, &SelRecTable::popup_mergeRec_ItemSelected);
+    buildSpectrumMenus();
+}
+
+void SelRecTable::buildKeys()
+{
+    const auto key = [this](QWidget* owner, const QKeySequence& keys, auto slot) {
+        auto* shortcut = new QShortcut(keys, owner);
+        shortcut->setContext(owner == this ? Qt::WindowShortcut : Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, slot);
+    };
+    key(this, Qt::Key_Escape, &SelRecTable::on_stopBtn_clicked);
+    key(ui->recTable, Qt::CTRL + Qt::Key_Up, &SelRecTable::on_MoveRecordUp_clicked);
+    key(ui->recTable, Qt::CTRL + Qt::Key_Down, &SelRecTable::on_MoveRecordDown_clicked);
+    key(ui->recTable, Qt::CTRL + Qt::Key_A, &SelRecTable::checkAllRec);
+    key(ui->recTable, Qt::Key_Delete, [this] {
+        if (!SLEEP && selectedRow() >= 0)
+            removeRows({selectedRow()});
+    });
+    key(ui->recTable, Qt::Key_Space, [this] {
+        if (selectedRow() >= 0)
+            setChecked(selectedRow(), !isChecked(selectedRow()));
+    });
+    ui->recTable->setAcceptDrops(true);
+    ui->recTable->viewport()->installEventFilter(this);
+}
+
+/// Files that are dropped on the table.
+bool SelRecTable::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool drag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
+    if (!drag && event->type() != QEvent::Drop)
+        return QWidget::eventFilter(watched, event);
+    auto* drop = static_cast<QDropEvent*>(event); // the drag events derive from it
+    QStringList files;
+    for (const QUrl& url : drop->mimeData()->urls()) {
+        if (url.isLocalFile())
+            files << url.toLocalFile();
+    }
+    if (files.isEmpty() || SLEEP)
+        return true;
+    drop->acceptProposedAction();
+    if (!drag)
+        emit filesDropped(files);
+    return true;
 }
 
 /// What is not in the form file, or what a new text on a button takes away.
 void SelRecTable::showTexts()
 {
     ui->processBtn->setShortcut(Qt::Key_F5);
-    m_emptyHint->setText(tr("Записей нет.\nНажмите «Добавить запись» и выберите файл измерений."));
+    m_emptyHint->setText(
+        tr("Записей нет.\nНажмите «Добавить запись» и выберите файл измерений,\nили перетащите "
+           "файл сюда."));
     ui->recTable->actions().first()->setText(tr("Изменить время начала записи"));
-    const QString limitTip = tr("Ограничение выбросов в этой версии не применяется");
-    for (const int column : {9, 10})
-        ui->recTable->horizontalHeaderItem(column)->setToolTip(limitTip);
+    ui->recTable->horizontalHeaderItem(9)->setToolTip(tr(
+        "Наибольшее отклонение от медианы за сутки: для фазы — разности частот, для других данных — самого "
+        "значения.\nБольшие отклонения при обработке заменяются. 0 — без ограничения, для фазы также 1"));
+    ui->recTable->horizontalHeaderItem(10)->setToolTip(
+        tr("То же для изменения от отсчета к отсчету: для фазы — разности частот, для других данных — "
+           "скорости"));
+    ui->recTable->setToolTip(tr("Пробел — отметить, Ctrl+↑ и Ctrl+↓ — переместить, Del — убрать из таблицы"));
+    const QStringList modes{
+        tr("Сшивать отсчеты фазы"), tr("Сшивать по частоте"), tr("С разрывом по времени")};
+    for (int i = 0; i < modes.size(); ++i)
+        m_mergeMenu->actions().at(i)->setText(modes.at(i));
     fillStatisticMenus();
+    showSpectrumTexts();
 }
 
 void SelRecTable::activateBtns(bool on)
 {
-    ui->avarGrBtn->setEnabled(on);
-    ui->avarTabBtn->setEnabled(on);
-    ui->trendTabBtn->setEnabled(on);
+    for (QWidget* button :
+        QList<QWidget*>{ui->avarGrBtn, ui->avarTabBtn, ui->trendTabBtn, ui->spectrGrBtn, ui->spectrTabBtn})
+        button->setEnabled(on);
+}
+
+/// Opens the result buttons that have something to show.
+void SelRecTable::showResultState()
+{
+    activateBtns(recCount > 0);
+    if (rows.isEmpty()) {
+        ui->avarGrBtn->setEnabled(false);
+        ui->avarTabBtn->setEnabled(false);
+    }
+    if (spectrumRows.isEmpty()) {
+        ui->spectrGrBtn->setEnabled(false);
+        ui->spectrTabBtn->setEnabled(false);
+    }
+    fillStatisticMenus();
 }
 
 void SelRecTable::updateEmptyState()
@@ -110,6 +191,8 @@ void SelRecTable::updateEmptyState()
     ui->processBtn->setEnabled(free_row > 0);
     ui->delRecBtn->setEnabled(free_row > 0);
     ui->delAllRecsBtn->setEnabled(free_row > 0);
+    ui->diffRecBtn->setEnabled(free_row > 1);
+    ui->mergeRecBtn->setEnabled(free_row > 1);
     emit rowsChanged();
 }
 

@@ -1,11 +1,17 @@
 #pragma once
 
+#include "plot/stabilitygraph.h"
 #include "record/record.h"
 #include "stats/statistic.h"
+#include "table/core/crosspair.h"
+#include "table/core/difference.h"
+#include "table/core/merge.h"
+#include "table/core/outliers.h"
 #include "table/core/processedrecords.h"
 #include "table/core/stability.h"
 
 #include <QList>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -54,10 +60,14 @@ public:
     /// Makes the tau scale of a processed (or, with `fromLoad`, loaded) record of `n` samples; returns its
     /// length.
     int generateTauScale(int step, long n, int rec, bool fromLoad);
-    /// Computes the statistic `m_type` of a processed record into avarAll, and with `plain` into avarRes as
-    /// well.
+    /// Queues the work on the statistic `m_type` of a processed record, for avarAll; what is shown goes to
+    /// avarRes when all of it has run. `plain` tells that this one is shown.
     void avar_calc(int rec, TauKernel kernel, bool plain);
     void avar_calc(int rec, ScaleKernel kernel);
+    /// Computes the statistic `m_type` of the processed records 0 and 1 together, on the samples a0 to a1 and
+    /// b0 to b1 that stand at the same time, into the results from number `rec` on: into avarAll, and when it
+    /// is the one shown into avarRes as well. Gives the number of results, 0 when there are none.
+    int cross_calc(int rec, CrossKernel kernel, int a0, int b0, int a1, int b1, bool shown);
 
 signals:
     void GiveMeRec(Record* rec);
@@ -65,6 +75,8 @@ signals:
     void TableIsFull(Record* rec);
     /// The number of rows in use changed.
     void rowsChanged();
+    /// The user dropped files on the table.
+    void filesDropped(QStringList files);
     /// A graph or result table was made; the main window gives it a frame and shows it.
     void windowMade(QWidget* window);
 
@@ -74,6 +86,8 @@ public slots:
     void addRecord(Record* rec);
     void ChangeDataType(int index);
     void EditTimeRec();
+    /// Adds the stretch of a checked row between two times, in seconds from its first sample, as a record.
+    void giveForRec(quint16 recID, double from, double to);
     void EditRecTableDateTime();
     void PlotIsClosed(QObject* window);
     void closeAllFigs();
@@ -82,6 +96,9 @@ public slots:
 
     void on_addRecBtn_clicked();
     void on_delRecBtn_clicked();
+    void on_diffRecBtn_clicked();
+    void on_mergeRecBtn_clicked();
+    void popup_mergeRec_ItemSelected(QAction* item);
     void on_delAllRecsBtn_clicked();
     void on_MoveRecordUp_clicked();
     void on_MoveRecordDown_clicked();
@@ -96,49 +113,94 @@ public slots:
     void on_trendTabBtn_clicked();
     void popup_slot_varplot(QAction* item);
     void popup_slot_vartab(QAction* item);
+    void on_spectrGrBtn_clicked();
+    void on_spectrTabBtn_clicked();
+    void popup_slot_spectr(QAction* item);
+    void popup_slot_spectrtab(QAction* item);
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     // rows
     void buildTable();
     void buildActions();
+    void buildKeys();
     void updateEmptyState();
     void showTexts();
     int selectedRow() const;
     bool isChecked(int row) const;
     void setChecked(int row, bool on);
+    QVector<int> checkedRows() const;
+    OutlierLimits limitsOf(int row) const;
+    void limitEdited(QTableWidgetItem* item);
+    void takeRow(int from, int to);
     void clearRow(int row);
-    void removeProcessed(quint16 recID);
+    void removeRows(const QVector<int>& unwanted);
+    void showKinds(int row);
+    void cleanRepeats(Record& slot);
+
+    // new rows of others
+    void combineChecked(const char* name, const std::function<bool(Record&, Record&, Record&)>& make);
+    bool refuse(const QString& text);
+    bool acceptDifference(const DifferenceResult& result);
+    bool acceptMerge(const MergeResult& result);
+    MergeMode mergeMode() const;
+    bool askToShiftPhase();
+    void tellTableFull();
+    void tellCountsDiffer();
 
     // processing
     ProcessedRecords& results() { return *this; }
-    void process();
-    void endProcessing(ProcessedRecords& former, bool complete);
-    void foldLiveTails();
-    void setCommandsEnabled(bool on);
-    QStringList copyCheckedRows();
-    void checkDriftRemoval();
-    void computeAll();
-    StabilityOptions stabilityOptions(double interval);
+    bool runCommand(const char* name, const std::function<void()>& body);
+    bool run(const Tasks& tasks, double share);
     bool showProgress(double share);
+    void setCommandsEnabled(bool on);
+    void process();
+    double carrier();
+    void foldLiveTails();
+    QStringList copyCheckedRows();
+    void adjustBoxes();
+    void checkDriftRemoval();
+    void checkSpectra();
+    void computeRecords();
+    Tasks recordTasks(int i);
+    void computeAlone(int i, double share);
+    void queueStatistic(int rec, const StabilityKernel& kernel);
+    bool checkCross();
+    bool crossFits(CrossStatus status);
+    void computeCross();
+    void computePair();
+    void computeHat();
+    void takeCrossRows(const QVector<CrossRow>& names, const QDateTime& start, const QDateTime& stop);
+    int takeCrossValues(int rec, const std::vector<std::vector<double>>& values, bool shown);
 
     // results
+    void showResultState();
+    StabilityNotes notes() const;
     void fillStatisticMenus();
+    void buildSpectrumMenus();
+    void showSpectrumTexts();
     void chooseStatistic(const QAction* item);
     TableForm* newTable(const std::function<QString()>& title);
     void adopt(QWidget* window);
+    void adoptGraph(std::unique_ptr<AvarForm> graph);
     QList<QWidget*> figures() const;
 
     std::unique_ptr<Ui_SelRecTable> ui;
     QMenu* m_graphMenu = nullptr;
     QMenu* m_tableMenu = nullptr;
+    QMenu* m_mergeMenu = nullptr;
+    QMenu* m_spectrumGraphMenu = nullptr;
+    QMenu* m_spectrumTableMenu = nullptr;
     QLabel* m_emptyHint = nullptr;
     quint8 m_lastID = 0;
     Statistic m_type = Statistic::Adev; // being computed
     PhaseSeries m_series; // of the record being computed
+    CrossSeries m_cross; // of the records being computed together
     ProgressScope* m_progress = nullptr; // while a processing runs
+    Tasks m_tasks; // queued by avar_calc()
     double m_progressDone = 0.0; // share of the work behind the step at hand
     double m_progressStep = 0.0; // share of the step at hand
     bool m_stopAsked = false;

@@ -1,5 +1,7 @@
 #include "base/debuglog.h"
 #include "plot/avarform.h"
+#include "plot/core/exporttable.h"
+#include "plot/spectrumgraph.h"
 #include "plot/stabilitygraph.h"
 #include "plot/tableform.h"
 #include "prompt/guard.h"
@@ -11,8 +13,10 @@
 #include "ui_selrectable.h"
 
 #include <QAction>
+#include <QMap>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QToolButton>
 
 namespace {
 
@@ -21,6 +25,24 @@ QWidget* frameOf(QWidget* window)
 {
     auto* frame = qobject_cast<QMdiSubWindow*>(window->parentWidget());
     return frame ? frame : window;
+}
+
+/// Graphs tell by the channel what a curve is of: a record, or from 256 on the results of several.
+quint16 channelOf(const ResultRow& row, int number)
+{
+    return row.records.size() == 1 ? row.records.first() : quint16(256 + number);
+}
+
+void chooseIn(QMenu* menu, QAction* item)
+{
+    for (QAction* other : menu->actions())
+        other->setChecked(other == item);
+}
+
+/// What the menu of a spectrum button says: its second entry is the spectrum of the frequency.
+bool ofFrequency(QMenu* menu)
+{
+    return menu->actions().at(1)->isChecked();
 }
 
 } // namespace
@@ -49,10 +71,13 @@ void SelRecTable::fillStatisticMenus()
 
 void SelRecTable::chooseStatistic(const QAction* item)
 {
-    varType = ::varType(static_cast<Statistic>(item->data().toInt()));
-    for (int i = 0; i < recCount; ++i)
-        avarRes[size_t(i)] = avarAll[size_t(i)][size_t(varType)];
+    showStatistic(::varType(static_cast<Statistic>(item->data().toInt())));
     fillStatisticMenus();
+}
+
+StabilityNotes SelRecTable::notes() const
+{
+    return {driftExcluded, overlapped, crossProc};
 }
 
 void SelRecTable::popup_slot_varplot(QAction* item)
@@ -77,18 +102,22 @@ void SelRecTable::on_avarGrBtn_clicked()
 {
     runGuarded("new AvarForm", [this] {
         QVector<StabilityCurve> curves;
-        for (int i = 0; i < recCount; ++i) {
-            const size_t index = size_t(i);
-            const Record& rec = record[index];
+        for (int i = 0; i < rows.size(); ++i) {
+            const ResultRow& row = rows.at(i);
             curves.push_back(
-                {rec.RecID, recordName(rec), tauSec[index], avarRes[index], rec.start, rec.stop});
+                {channelOf(row, i), row.name, tauSec[size_t(i)], avarRes[size_t(i)], row.start, row.stop});
         }
         auto graph = std::make_unique<AvarForm>(nullptr, nullptr, 0);
-        showStability(*graph, statisticOfVarType(varType), curves, {driftExcluded, overlapped, false});
-        connect(graph.get(), &AvarForm::IsClosing, this, &SelRecTable::PlotIsClosed);
-        m_graphs.prepend(graph.get());
-        adopt(graph.release());
+        showStability(*graph, statisticOfVarType(varType), curves, notes());
+        adoptGraph(std::move(graph));
     });
+}
+
+void SelRecTable::adoptGraph(std::unique_ptr<AvarForm> graph)
+{
+    connect(graph.get(), &AvarForm::IsClosing, this, &SelRecTable::PlotIsClosed);
+    m_graphs.prepend(graph.get());
+    adopt(graph.release());
 }
 
 TableForm* SelRecTable::newTable(const std::function<QString()>& title)
@@ -105,25 +134,118 @@ void SelRecTable::on_avarTabBtn_clicked()
 {
     runGuarded("new onAvarTab_Btn", [this] {
         QList<StabilityColumn> columns;
-        for (int i = 0; i < recCount; ++i) {
-            const size_t index = size_t(i);
+        for (int i = 0; i < rows.size(); ++i)
             columns << StabilityColumn{
-                record[index].ch, recordName(record[index]), tauSec[index], avarRes[index]};
-        }
+                rows.at(i).channels, rows.at(i).name, tauSec[size_t(i)], avarRes[size_t(i)]};
         const std::vector<double> tau = unionOfTau(columns);
-        if (recCount > 0 && tau.size() > tauSec[0].size())
+        if (!rows.isEmpty() && tau.size() > tauSec[0].size())
             DebugLOG(" почему-то заголовок короче чем массив"); // verbatim
         const Statistic statistic = statisticOfVarType(varType);
-        const StabilityNotes notes{driftExcluded, overlapped, false};
-        TableForm* table = newTable([statistic, notes] {
-            return tr("Таблица вариаций (") + statisticName(statistic) + QLatin1Char(')') + notesText(notes);
+        TableForm* table = newTable([statistic, told = notes()] {
+            return tr("Таблица вариаций (") + statisticName(statistic) + QLatin1Char(')') + notesText(told);
         });
-        table->setColNum(int(tau.size()) + 2, stabilityHeads(tau));
-        table->setHeadSource([tau] { return stabilityHeads(tau); });
-        table->tableType = 2 * int(overlapped) + int(driftExcluded);
-        for (int i = 0; i < recCount; ++i) {
-            table->addLine(stabilityCells(columns.at(i), tau));
-            table->channels << record[size_t(i)].RecID;
+        const bool cross = crossProc;
+        const QStringList heads = stabilityHeads(tau, cross);
+        table->setColNum(heads.size(), heads);
+        table->setHeadSource([tau, cross] { return stabilityHeads(tau, cross); });
+        table->tableType = 4 * int(crossProc) + 2 * int(overlapped) + int(driftExcluded);
+        for (int i = 0; i < rows.size(); ++i) {
+            QStringList cells = stabilityCells(columns.at(i), tau);
+            if (cross)
+                cells.insert(1, QString::number(i + 1));
+            table->addLine(cells);
+            table->channels << channelOf(rows.at(i), i);
+        }
+        table->resizeCol();
+        adopt(table);
+    });
+}
+
+void SelRecTable::buildSpectrumMenus()
+{
+    m_spectrumGraphMenu = new QMenu(this);
+    m_spectrumTableMenu = new QMenu(this);
+    for (QMenu* menu : {m_spectrumGraphMenu, m_spectrumTableMenu}) {
+        for (int i = 0; i < 2; ++i)
+            menu->addAction(QString())->setCheckable(true);
+        menu->actions().first()->setChecked(true);
+    }
+    ui->spectrGrBtn->setMenu(m_spectrumGraphMenu);
+    ui->spectrTabBtn->setMenu(m_spectrumTableMenu);
+    connect(m_spectrumGraphMenu, &QMenu::triggered, this, &SelRecTable::popup_slot_spectr);
+    connect(m_spectrumTableMenu, &QMenu::triggered, this, &SelRecTable::popup_slot_spectrtab);
+}
+
+void SelRecTable::showSpectrumTexts()
+{
+    const auto show = [](QMenu* menu, QToolButton* button) {
+        menu->actions().at(0)->setText(tr("Спектр фазы"));
+        menu->actions().at(1)->setText(tr("Спектр частоты"));
+        button->setText(menu->actions().at(int(ofFrequency(menu)))->text());
+    };
+    show(m_spectrumGraphMenu, ui->spectrGrBtn);
+    show(m_spectrumTableMenu, ui->spectrTabBtn);
+}
+
+void SelRecTable::popup_slot_spectr(QAction* item)
+{
+    chooseIn(m_spectrumGraphMenu, item);
+    showSpectrumTexts();
+    on_spectrGrBtn_clicked();
+}
+
+void SelRecTable::popup_slot_spectrtab(QAction* item)
+{
+    chooseIn(m_spectrumTableMenu, item);
+    showSpectrumTexts();
+    on_spectrTabBtn_clicked();
+}
+
+void SelRecTable::on_spectrGrBtn_clicked()
+{
+    runGuarded("new StectrForm", [this] {
+        const bool frequency = ofFrequency(m_spectrumGraphMenu);
+        QVector<SpectrumCurve> curves;
+        for (int i = 0; i < spectrumRows.size(); ++i) {
+            const ResultRow& row = spectrumRows.at(i);
+            const PhaseSpectrum& spectrum = spectra[size_t(i)];
+            curves.push_back({channelOf(row, i), row.name, spectrum.frequency,
+                frequency ? spectrum.rate : spectrum.phase, row.start, row.stop});
+        }
+        auto graph = std::make_unique<AvarForm>(nullptr, nullptr, 0);
+        showSpectra(*graph, frequency, curves, driftExcluded);
+        adoptGraph(std::move(graph));
+    });
+}
+
+void SelRecTable::on_spectrTabBtn_clicked()
+{
+    runGuarded("new SpectrTab", [this] {
+        const bool ofRate = ofFrequency(m_spectrumTableMenu);
+        QList<QMap<qint64, double>> columns;
+        QMap<qint64, bool> kept;
+        for (const PhaseSpectrum& spectrum : spectra) {
+            const std::vector<double>& values = ofRate ? spectrum.rate : spectrum.phase;
+            columns << thinnedSpectrum(
+                {spectrum.frequency.begin(), spectrum.frequency.end()}, {values.begin(), values.end()});
+            for (const qint64 whole : columns.last().keys())
+                kept[whole] = true;
+        }
+        TableForm* table = newTable([] { return tr("Таблица спектр. плотн. мощности"); });
+        const auto heads = [whole = kept.keys()] {
+            QStringList texts{tr("Название")};
+            for (const qint64 frequency : whole)
+                texts << tr("%1 мГц").arg(frequency);
+            return texts;
+        };
+        table->setColNum(kept.size() + 1, heads());
+        table->setHeadSource(heads);
+        for (int i = 0; i < columns.size(); ++i) {
+            QStringList cells{spectrumRows.at(i).name};
+            for (const qint64 whole : kept.keys())
+                cells << (columns.at(i).contains(whole) ? QString::number(columns.at(i).value(whole), 'g', 8)
+                                                        : QStringLiteral("---"));
+            table->addLine(cells);
         }
         table->resizeCol();
         adopt(table);

@@ -1,7 +1,10 @@
+#include "base/busyguard.h"
 #include "base/debuglog.h"
 #include "base/globals.h"
 #include "prompt/prompt.h"
+#include "record/staticrecord.h"
 #include "table/core/recordtexts.h"
+#include "table/core/relaydays.h"
 #include "table/edtdatetimedlg.h"
 #include "table/selrectable.h"
 #include "ui_selrectable.h"
@@ -9,6 +12,8 @@
 #include <QComboBox>
 #include <QScopeGuard>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace {
 
@@ -18,7 +23,8 @@ const QString dateForm = QStringLiteral("dd.MM.yyyy");
 
 bool isEditable(int column)
 {
-    return column == Channel || column == Reference || column == Measured || column == From;
+    return column == Channel || column == Reference || column == Measured || column == From || column == MaxY
+        || column == MaxVarY;
 }
 
 } // namespace
@@ -45,11 +51,24 @@ void SelRecTable::addRecord(Record* rec)
     Record& slot = load_record[free_row];
     shareRecord(rec, &slot);
     deleteRecord(rec); // now the slot holds the samples alone
+    cleanRepeats(slot);
     if (slot.RecID == 0)
         slot.RecID = generateNewID();
     addCopiedRecord();
     if (slot.dynamic && slot.n_days < 5)
         slot.dynamic = false;
+}
+
+/// Takes the repeats that a silent comparator leaves out of a fresh phase record, if the user wants that.
+void SelRecTable::cleanRepeats(Record& slot)
+{
+    constexpr int mostDays = 50;
+    if (slot.n_cnt < 1 || !removeF0Vals || slot.n_days >= mostDays || slot.dataType != 0)
+        return;
+    const BusyGuard busy; // the event loop runs meanwhile
+    if (slot.devType == 0 || slot.devType == 5)
+        StaticRecord::removeF0Values(slot);
+    relayDays(slot);
 }
 
 void SelRecTable::addCopiedRecord()
@@ -93,10 +112,18 @@ void SelRecTable::DisplayRecInfo_atTableRow(int row, Record* rec)
     put(Kind, RecTypes[rec->dataType]);
     put(From, rec->start.toString(dateForm));
     put(To, rec->stop.toString(dateForm));
-    put(MaxY, defaultLimit(rec->dataType));
-    put(MaxVarY, defaultLimit(rec->dataType));
     put(Count, QString::number(rec->n_cnt));
+    for (const int column : {MaxY, MaxVarY}) {
+        if (ui->recTable->item(row, column)->text().isEmpty()) // a limit that was set stays
+            put(column, defaultLimit(rec->dataType));
+    }
+    showKinds(row);
+}
 
+/// Gives a row its choice of the kind of data.
+void SelRecTable::showKinds(int row)
+{
+    const Record* rec = &load_record[row];
     auto* kinds = new QComboBox;
     for (int i = 0; i < numOfRecTypes; ++i)
         kinds->addItem(RecTypes[i]);
@@ -108,8 +135,10 @@ void SelRecTable::DisplayRecInfo_atTableRow(int row, Record* rec)
 
 void SelRecTable::on_recTable_itemChanged(QTableWidgetItem* item)
 {
-    if (!item || !item->tableWidget() || item->column() > From || item->row() >= free_row)
+    if (!item || !item->tableWidget() || item->row() >= free_row)
         return;
+    if (item->column() == MaxY || item->column() == MaxVarY)
+        limitEdited(item);
     Record& rec = load_record[item->row()];
     const QString text = item->text();
     switch (item->column()) {
@@ -147,6 +176,20 @@ void SelRecTable::on_recTable_itemChanged(QTableWidgetItem* item)
     default:
         break;
     }
+}
+
+/// A text that is no limit goes back to the default.
+void SelRecTable::limitEdited(QTableWidgetItem* item)
+{
+    const QSignalBlocker quiet(ui->recTable);
+    if (!limitFromText(item->text()))
+        item->setText(defaultLimit(load_record[item->row()].dataType));
+}
+
+OutlierLimits SelRecTable::limitsOf(int row) const
+{
+    return {limitFromText(ui->recTable->item(row, MaxY)->text()),
+        limitFromText(ui->recTable->item(row, MaxVarY)->text())};
 }
 
 void SelRecTable::ChangeDataType(int index)
@@ -214,9 +257,13 @@ void SelRecTable::MoveRecord_inTable(int from, int to)
     shareRecord(&load_record[from], &kept);
     shareRecord(&load_record[to], &load_record[from]);
     shareRecord(&kept, &load_record[to]);
-    const bool checkedFrom = isChecked(from);
-    setChecked(from, isChecked(to));
-    setChecked(to, checkedFrom);
+    const QSignalBlocker quiet(ui->recTable);
+    for (int column = 0; column < ui->recTable->columnCount(); ++column) {
+        QTableWidgetItem* one = ui->recTable->takeItem(from, column);
+        QTableWidgetItem* other = ui->recTable->takeItem(to, column);
+        ui->recTable->setItem(to, column, one);
+        ui->recTable->setItem(from, column, other);
+    }
     DisplayRecInfo_atTableRow(from, &load_record[from]);
     DisplayRecInfo_atTableRow(to, &load_record[to]);
 }
@@ -256,29 +303,6 @@ void SelRecTable::on_RotateRecord_Btn_clicked()
     DisplayRecInfo_atTableRow(row, &rec);
 }
 
-/// Drops the working copies that were made of a record.
-void SelRecTable::removeProcessed(quint16 recID)
-{
-    int kept = 0;
-    for (int i = 0; i < recCount; ++i) {
-        if (record[size_t(i)].RecID == recID)
-            continue;
-        if (kept != i) {
-            shareRecord(&record[size_t(i)], &record[size_t(kept)]);
-            tauSec[size_t(kept)] = std::move(tauSec[size_t(i)]);
-            tauCount[size_t(kept)] = tauCount[size_t(i)];
-            avarRes[size_t(kept)] = std::move(avarRes[size_t(i)]);
-            avarAll[size_t(kept)] = std::move(avarAll[size_t(i)]);
-            trends[size_t(kept)] = trends[size_t(i)];
-        }
-        ++kept;
-    }
-    for (int i = kept; i < recCount; ++i)
-        deleteRecord(&record[size_t(i)]);
-    recCount = kept;
-    trends.resize(size_t(kept));
-}
-
 void SelRecTable::clearRow(int row)
 {
     const QSignalBlocker quiet(ui->recTable);
@@ -291,27 +315,43 @@ void SelRecTable::clearRow(int row)
 
 void SelRecTable::on_delRecBtn_clicked()
 {
-    if (SLEEP)
-        return;
+    if (!SLEEP)
+        removeRows(checkedRows());
+}
+
+/// Moves a row, with its checks, limits and colours, to a row that is not in use.
+void SelRecTable::takeRow(int from, int to)
+{
+    shareRecord(&load_record[from], &load_record[to]);
+    deleteRecord(&load_record[from]);
+    const QSignalBlocker quiet(ui->recTable);
+    for (int column = 0; column < ui->recTable->columnCount(); ++column)
+        ui->recTable->setItem(to, column, ui->recTable->takeItem(from, column));
+    showKinds(to);
+}
+
+/// Removes rows, in rising order, with all results that rest on them. The selection goes to the row behind
+/// the one it was on.
+void SelRecTable::removeRows(const QVector<int>& unwanted)
+{
+    const int current = std::max(0, ui->recTable->currentRow());
+    const int before = int(std::lower_bound(unwanted.begin(), unwanted.end(), current) - unwanted.begin());
     int kept = 0;
     for (int row = 0; row < free_row; ++row) {
-        if (isChecked(row)) {
-            removeProcessed(load_record[row].RecID);
+        if (unwanted.contains(row)) {
+            drop(load_record[row].RecID);
             continue;
         }
-        if (kept != row) {
-            shareRecord(&load_record[row], &load_record[kept]);
-            deleteRecord(&load_record[row]);
-            setChecked(kept, false);
-            DisplayRecInfo_atTableRow(kept, &load_record[kept]);
-        }
+        if (kept != row)
+            takeRow(row, kept);
         ++kept;
     }
     for (int row = kept; row < free_row; ++row)
         clearRow(row);
     free_row = kept;
-    if (recCount == 0)
-        activateBtns(false);
+    if (kept > 0)
+        ui->recTable->selectRow(std::min(current - before, kept - 1));
+    showResultState();
     updateEmptyState();
 }
 
@@ -324,8 +364,7 @@ void SelRecTable::on_delAllRecsBtn_clicked()
     DebugLOG("DELETE ALL RECORDS");
     free_row = 0;
     results() = ProcessedRecords();
-    activateBtns(false);
-    fillStatisticMenus();
+    showResultState();
     updateEmptyState();
 }
 
@@ -351,9 +390,14 @@ void SelRecTable::EditRecTableDateTime()
 
 quint8 SelRecTable::generateNewID()
 {
-    ++m_lastID;
-    if (m_lastID == 0)
-        m_lastID = 1;
+    const auto inUse = [this](quint8 id) {
+        return id == 0 || std::any_of(load_record, load_record + free_row, [id](const Record& rec) {
+            return rec.RecID == id;
+        });
+    };
+    do {
+        ++m_lastID;
+    } while (inUse(m_lastID)); // there are more identifiers than rows
     if (lastUsedRecID)
         *lastUsedRecID = m_lastID;
     return m_lastID;

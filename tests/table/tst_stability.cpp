@@ -67,7 +67,7 @@ void StabilityTest::everyTauHasItsOwnTail()
     StabilityOptions options;
     options.perSecond = 70;
     const TauScale scale = tauScale(1, series.size(), 1.0);
-    const auto values = stabilityPerTau(alan_scdo, series, scale, options);
+    const auto values = stability({alan_scdo, nullptr}, series, scale, options);
     for (size_t k = 0; k < scale.size(); ++k) {
         const long count = std::min(1001L, 70 * long(scale.factor[k]));
         NEAR(values[k],
@@ -83,7 +83,7 @@ void StabilityTest::wholeScaleUsesTheTailOfTheFirstTau()
     StabilityOptions options;
     options.perSecond = 100;
     const TauScale scale = tauScale(1, series.size(), 1.0);
-    const auto values = stabilityWholeScale(mod_alan_deviation, series, scale, options);
+    const auto values = stability({nullptr, mod_alan_deviation}, series, scale, options);
     QCOMPARE(values.size(), size_t(5)); // 3 * 50 is not below 100
     NEAR(values[3], mod_alan_scdo(100, 10, series.x.data() + 901));
 }
@@ -128,8 +128,8 @@ void StabilityTest::foldedTailIsTheSameSeries()
 
 void StabilityTest::tableOfDifferentLengths()
 {
-    const QList<StabilityColumn> columns{{1, QStringLiteral("short"), {1.0, 2.0}, {3e-12}},
-        {2, QStringLiteral("long"), {2.0, 5.0}, {4e-12, 5e-12}}};
+    const QList<StabilityColumn> columns{{QStringLiteral("1"), QStringLiteral("short"), {1.0, 2.0}, {3e-12}},
+        {QStringLiteral("2"), QStringLiteral("long"), {2.0, 5.0}, {4e-12, 5e-12}}};
     const std::vector<double> tau = unionOfTau(columns);
     QCOMPARE(stabilityHeads(tau).mid(2), QStringList({"1", "2", "5"}));
     QCOMPARE(stabilityCells(columns[0], tau), QStringList({"1", "short", "3.0000e-12", "---", "---"}));

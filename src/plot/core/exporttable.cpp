@@ -124,31 +124,13 @@ QStringList plainTable(const ExportRequest& request)
     return lines;
 }
 
-/// Mean of the values of each whole X that stays.
-QMap<qint64, double> thinned(const ExportColumn& column)
-{
-    const QVector<qint64> keepers = spectrumKeepers(column.x.size());
-    QMap<qint64, QPair<double, int>> sums;
-    for (int i = 0; i < column.x.size() && i < column.y.size(); ++i) {
-        const qint64 x = whole(column.x[i]);
-        if (!keepers.contains(x))
-            continue;
-        sums[x].first += column.y[i];
-        ++sums[x].second;
-    }
-    QMap<qint64, double> means;
-    for (auto it = sums.cbegin(); it != sums.cend(); ++it)
-        means[it.key()] = it->first / it->second;
-    return means;
-}
-
 QStringList spectrumTable(const ExportRequest& request)
 {
     QVector<QMap<qint64, double>> columns;
     QMap<qint64, bool> rows;
     QString head = leftHead(request.kind, request.english).rightJustified(leftWidth);
     for (const ExportColumn& column : request.columns) {
-        columns << thinned(column);
+        columns << thinnedSpectrum(column.x, column.y);
         for (auto it = columns.last().cbegin(); it != columns.last().cend(); ++it)
             rows[it.key()] = true;
         head += cell(column.title, spectrumWidth);
@@ -182,6 +164,23 @@ QVector<qint64> spectrumKeepers(int n)
         keepers << 2 * power << 5 * power;
     }
     return keepers;
+}
+
+QMap<qint64, double> thinnedSpectrum(const QVector<double>& x, const QVector<double>& y)
+{
+    const QVector<qint64> keepers = spectrumKeepers(x.size());
+    QMap<qint64, QPair<double, int>> sums;
+    for (int i = 0; i < x.size() && i < y.size(); ++i) {
+        const qint64 at = whole(x[i]);
+        if (!keepers.contains(at))
+            continue;
+        sums[at].first += y[i];
+        ++sums[at].second;
+    }
+    QMap<qint64, double> means;
+    for (auto it = sums.cbegin(); it != sums.cend(); ++it)
+        means[it.key()] = it->first / it->second;
+    return means;
 }
 
 QStringList exportTable(const ExportRequest& request)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -39,3 +40,6 @@ QStringList exportTable(const ExportRequest& request);
 /// The whole numbers of X that stay in the thinned table of a spectrum of n points: 1, and 1, 2, 5 times
 /// powers of ten from 1 on, in rising order, each once.
 QVector<qint64> spectrumKeepers(int n);
+
+/// The points of a spectrum that stay in its table: the mean of y by the whole part of x.
+QMap<qint64, double> thinnedSpectrum(const QVector<double>& x, const QVector<double>& y);

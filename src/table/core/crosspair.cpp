@@ -208,17 +208,18 @@ CommonSigns commonSigns(const Record& a, const Record& b)
     return {};
 }
 
-CrossStatus crossSeries(Record& a, Record& b, CrossSeries& out)
+CrossStatus crossSpans(Record& a, Record& b, Span& inA, Span& inB)
 {
-    out = CrossSeries();
-    const SignalCase kind = signalCase(a, b);
-    if (kind == SignalCase::Unfit)
+    if (signalCase(a, b) == SignalCase::Unfit)
         return CrossStatus::OtherSignals;
-    Span inA{}, inB{};
     if (compareRecords2(&a, &b, inA.first, inA.last, inB.first, inB.last) != 1)
         return CrossStatus::NoCommonTime;
-    if (!(a.Kdec == b.Kdec))
-        return CrossStatus::OtherIntervals;
+    return a.Kdec == b.Kdec ? CrossStatus::Ok : CrossStatus::OtherIntervals;
+}
+
+CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, CrossSeries& out)
+{
+    out = CrossSeries();
     const CommonSigns signs = commonSigns(a, b);
     const int fewer = std::min(samplesIn(inA), samplesIn(inB));
     for (std::vector<double>* array : {&out.x, &out.y, &out.d, &out.u, &out.v})
@@ -239,13 +240,20 @@ CrossStatus crossSeries(Record& a, Record& b, CrossSeries& out)
         out = CrossSeries();
         return CrossStatus::NoPairs;
     }
-    out.kind = kind;
+    out.kind = signalCase(a, b);
     out.countsDiffer = std::abs(samplesIn(inA) - samplesIn(inB)) > 10;
     out.interval = a.Kdec;
-    out.spanCount = fewer;
     out.start = moment(a, origin);
     out.stop = moment(a, last);
     return CrossStatus::Ok;
+}
+
+CrossStatus crossSeries(Record& a, Record& b, CrossSeries& out)
+{
+    out = CrossSeries();
+    Span inA{}, inB{};
+    const CrossStatus status = crossSpans(a, b, inA, inB);
+    return status == CrossStatus::Ok ? alignSpans(a, b, inA, inB, out) : status;
 }
 
 QVector<CrossRow> crossRows(const Record& a, const Record& b)
@@ -321,7 +329,6 @@ CrossStatus hatSeries(Record& a, Record& b, Record& c, HatSeries& out)
     }
     out.countsDiffer = most - fewest > 10;
     out.interval = a.Kdec;
-    out.spanCount = fewest;
     out.start = moment(a, origin);
     out.stop = moment(a, last);
     return CrossStatus::Ok;

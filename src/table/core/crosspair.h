@@ -1,6 +1,7 @@
 #pragma once
 
 #include "stats/statistic.h"
+#include "table/core/commonsamples.h"
 #include "table/core/tauscale.h"
 
 #include <QDateTime>
@@ -52,8 +53,6 @@ struct CrossSeries {
     SignalCase kind = SignalCase::Unfit;
     bool countsDiffer = false; ///< warning: the counts in the common span differ by more than 10
     double interval = 0.0; ///< Kdec, s
-    long spanCount =
-        0; ///< samples in the common span, of the record that has fewer; the tau scale is for these
     std::vector<double> x, y; ///< values of the first and the second record times their sign
     std::vector<double> d; ///< y - x
     std::vector<double> u, v; ///< times of x and y, s after the first u, on one scale
@@ -62,8 +61,14 @@ struct CrossSeries {
     long size() const { return long(x.size()); }
 };
 
-/// Two samples are common when they are less than half an interval apart; live tails stay out. The checks are
-/// made in the order signals, time, interval; after a refusal `out` is empty. `a` and `b` may be one record.
+/// The span of each record that both cover. The checks are made in the order signals, time, interval.
+CrossStatus crossSpans(Record& a, Record& b, Span& inA, Span& inB);
+
+/// The common samples of two spans: those less than half an interval apart; live tails stay out. Ok or
+/// NoPairs.
+CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, CrossSeries& out);
+
+/// Both in one call; after a refusal `out` is empty. `a` and `b` may be one record.
 CrossStatus crossSeries(Record& a, Record& b, CrossSeries& out);
 
 /// One result of cross processing: the channels that go into it, as "1, 2", and its name.
@@ -89,7 +94,6 @@ std::vector<std::vector<double>> crossStability(CrossKernel kernel, CrossSeries&
 struct HatSeries {
     bool countsDiffer = false; ///< warning: the counts in the common span differ by more than 10
     double interval = 0.0; ///< Kdec, s
-    long spanCount = 0; ///< as in CrossSeries
     /// Values of the records, signed so that they are clock 0 less clock 1, 0 less 2, and 1 less 2. No choice
     /// of signs puts every clock on the plus side of both its records; a kernel drops the sign of its sum.
     std::vector<double> x[3];

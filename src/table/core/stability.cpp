@@ -37,51 +37,58 @@ StabilityKernel stabilityKernel(Statistic statistic, bool overlap)
     return kernel;
 }
 
-std::vector<double> stabilityPerTau(
-    TauKernel kernel, PhaseSeries& series, const TauScale& scale, const StabilityOptions& options)
+namespace {
+
+void addPerTau(TauKernel kernel, PhaseSeries& series, const TauScale& scale, const StabilityOptions& options,
+    std::vector<double>& values, Tasks& tasks)
 {
-    std::vector<double> values(scale.size());
-    std::vector<std::function<void()>> tasks;
-    tasks.reserve(scale.size());
+    values.resize(scale.size());
     for (size_t k = 0; k < scale.size(); ++k) {
-        tasks.emplace_back([&, k] {
-            const SampleRange range = samplesForTau(series.size(), options.perSecond, scale.tau[k]);
-            values[k] = kernel(long(range.count), long(scale.factor[k]), series.x.data() + range.first,
-                series.t.data() + range.first, options.interval);
+        const SampleRange range = samplesForTau(series.size(), options.perSecond, scale.tau[k]);
+        const long factor = long(scale.factor[k]);
+        tasks.emplace_back([=, &series, &value = values[k], interval = options.interval] {
+            value = kernel(long(range.count), factor, series.x.data() + range.first,
+                series.t.data() + range.first, interval);
         });
     }
-    if (!runTasks(tasks, options.progress))
-        return {};
-    return values;
 }
 
-std::vector<double> stabilityWholeScale(
-    ScaleKernel kernel, PhaseSeries& series, const TauScale& scale, const StabilityOptions& options)
+void addWholeScale(ScaleKernel kernel, PhaseSeries& series, const TauScale& scale,
+    const StabilityOptions& options, std::vector<double>& values, Tasks& tasks)
 {
-    if (scale.size() == 0 || series.size() < 2)
-        return {};
-    std::vector<double> values;
-    const auto work = [&] {
-        const SampleRange range = samplesForTau(series.size(), options.perSecond, scale.tau[0]);
-        std::vector<long> factors(scale.factor.begin(), scale.factor.end());
+    if (series.size() < 2)
+        return;
+    const SampleRange range = samplesForTau(series.size(), options.perSecond, scale.tau[0]);
+    std::vector<long> factors(scale.factor.begin(), scale.factor.end());
+    tasks.emplace_back([=, &series, &values]() mutable {
         long count = long(factors.size());
         const std::unique_ptr<double[]> result(kernel(long(range.count), factors.data(), count,
             series.t[1] - series.t[0], series.x.data() + range.first));
         values.assign(result.get(), result.get() + count);
-    };
-    if (!runTasks({work}, options.progress))
-        return {};
-    return values;
+    });
+}
+
+} // namespace
+
+void addStability(const StabilityKernel& kernel, PhaseSeries& series, const TauScale& scale,
+    const StabilityOptions& options, std::vector<double>& values, Tasks& tasks)
+{
+    values.clear();
+    if (series.size() < 1 || scale.size() == 0)
+        return;
+    if (kernel.perTau)
+        addPerTau(kernel.perTau, series, scale, options, values, tasks);
+    else if (kernel.wholeScale)
+        addWholeScale(kernel.wholeScale, series, scale, options, values, tasks);
 }
 
 std::vector<double> stability(const StabilityKernel& kernel, PhaseSeries& series, const TauScale& scale,
     const StabilityOptions& options)
 {
-    if (series.size() < 1 || scale.size() == 0)
-        return {};
-    if (kernel.perTau)
-        return stabilityPerTau(kernel.perTau, series, scale, options);
-    if (kernel.wholeScale)
-        return stabilityWholeScale(kernel.wholeScale, series, scale, options);
-    return {};
+    std::vector<double> values;
+    Tasks tasks;
+    addStability(kernel, series, scale, options, values, tasks);
+    if (!runTasks(tasks, options.progress))
+        values.clear();
+    return values;
 }

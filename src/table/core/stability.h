@@ -30,17 +30,18 @@ struct StabilityOptions {
     std::function<bool(double)> progress; ///< see runTasks()
 };
 
-/// The values of one statistic over the scale, with every tau on its own tail of `series`; tau run side by
-/// side. Returns as many values as the scale has points, or none when `progress` stopped the work.
-std::vector<double> stabilityPerTau(
-    TauKernel kernel, PhaseSeries& series, const TauScale& scale, const StabilityOptions& options);
+/// Work that may run beside other work, see runTasks().
+using Tasks = std::vector<std::function<void()>>;
 
-/// The same through a kernel that takes the whole scale. All tau see the samples chosen for the first one,
-/// and the interval is the first time step of the series. May return fewer values than the scale has points:
-/// those of the leading ones.
-std::vector<double> stabilityWholeScale(
-    ScaleKernel kernel, PhaseSeries& series, const TauScale& scale, const StabilityOptions& options);
+/// Adds the work of one statistic to `tasks`. The series and `values` must live until the tasks have run;
+/// `values` then holds as many as the scale has points, or fewer: those of the leading ones.
+///
+/// A kernel with one value per averaging time sees for each a tail of `series` of its own. One that takes the
+/// whole scale sees the samples chosen for the first averaging time, and the first time step as the interval.
+void addStability(const StabilityKernel& kernel, PhaseSeries& series, const TauScale& scale,
+    const StabilityOptions& options, std::vector<double>& values, Tasks& tasks);
 
-/// Either of the two, by what the kernel has; empty without a kernel, without samples and without a scale.
+/// The values of one statistic; empty without a kernel, without samples, without a scale, and when `progress`
+/// stopped the work.
 std::vector<double> stability(const StabilityKernel& kernel, PhaseSeries& series, const TauScale& scale,
     const StabilityOptions& options);

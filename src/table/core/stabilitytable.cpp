@@ -25,9 +25,12 @@ std::vector<double> unionOfTau(const QList<StabilityColumn>& columns)
     return all;
 }
 
-QStringList stabilityHeads(const std::vector<double>& tau)
+QStringList stabilityHeads(const std::vector<double>& tau, bool severalRecords)
 {
-    QStringList heads{QCoreApplication::translate("StabilityTable", "Канал"),
+    QStringList heads;
+    if (severalRecords)
+        heads << QCoreApplication::translate("StabilityTable", "Каналы");
+    heads << QStringList{QCoreApplication::translate("StabilityTable", "Канал"),
         QCoreApplication::translate("StabilityTable", "Название")};
     for (const double seconds : tau)
         heads << QString::number(seconds, 'g', 10);
@@ -36,7 +39,7 @@ QStringList stabilityHeads(const std::vector<double>& tau)
 
 QStringList stabilityCells(const StabilityColumn& column, const std::vector<double>& tau)
 {
-    QStringList cells{QString::number(column.channel), column.name};
+    QStringList cells{column.channels, column.name};
     size_t at = 0;
     for (const double seconds : tau) {
         const bool here = at < column.tau.size() && sameTau(column.tau[at], seconds);
