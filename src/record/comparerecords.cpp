@@ -119,27 +119,29 @@ QList<int> break_Tarr_Linkedzones(doubleArray* t, double Kdec)
 {
     QList<int> runs;
     int run = 0;
-    t->resetIterator(0);
+    bool first = true;
     double before = 0.0;
-    if (total(*t) > 1)
-        t->mid(0, 1, 1, &before, 0.0);
-    for (int pair = 1; pair < total(*t); ++pair) {
-        bool ok = false;
-        const double* now = t->nextEl(ok);
-        if (!ok)
-            break;
-        ++run;
-        const double step = *now - before;
-        before = *now;
-        if (!(step > 0.0)) {
+    const double longest = 2.0 * Kdec;
+    for (int day = 0; day < t->parts.size(); ++day) {
+        const double* time = t->DayData(day);
+        const int length = t->DayLengths.at(day);
+        for (int i = 0; i < length; ++i) {
+            const double step = time[i] - before;
+            before = time[i];
+            if (first) {
+                first = false;
+                continue;
+            }
+            ++run;
+            if (step > 0.0 && !(step > longest))
+                continue;
             runs.append(run);
             run = 0;
-        }
-        if (step > 2.0 * Kdec) {
-            runs.append(run);
-            run = 0;
+            if (!(step > 0.0) && step > longest) // possible with a negative Kdec only
+                runs.append(run);
         }
     }
+    t->resetIterator(std::max(total(*t) - 1, 0));
     runs.append(run); // also when it is 0
     return runs;
 }

@@ -86,10 +86,14 @@ double calcLinRegDrift(
     int removed = 0;
     long i = 0;
     for (const int dayEnd : qAsConst(dayEnds)) {
-        Points points;
-        points.reserve(int(std::max(0.0, std::min(dayEnd / interval - double(i) + 1.0, 1e8))));
-        for (; static_cast<double>(i) * interval < dayEnd; ++i)
-            points.append({t[i], x[i]});
+        long end = i;
+        while (static_cast<double>(end) * interval < dayEnd)
+            ++end;
+        Points points(int(end - i));
+        for (auto& point : points) {
+            point = {t[i], x[i]};
+            ++i;
+        }
         if (points.size() < leastDay)
             continue;
         medianFilt(points, 1e-08, removed);

@@ -282,10 +282,18 @@ void SelRecTable::computeRecords()
 Tasks SelRecTable::recordTasks(int i)
 {
     Record& rec = record[size_t(i)];
-    return {[this, &rec, i] {
+    const auto fit = [this, &rec, i] {
         trends[size_t(i)] = recordTrends(rec, m_series, sampStart, driftExcluded);
+    };
+    const auto reduce = [this, &rec, i] {
         const double offset = double(sampStart.msecsTo(rec.start)) / 1000.0;
         processedBuffer[size_t(i)] = minMaxSeries(rec, offset, REMX_0);
+    };
+    if (!driftExcluded)
+        return {fit, reduce};
+    return {[=] { // the curve is of what is left
+        fit();
+        reduce();
     }};
 }
 

@@ -92,7 +92,8 @@ void TrendsTest::dailyMeansAreWholeDays()
     QCOMPARE(dailyMeans(series, 0.0, 600.0), std::vector<double>({0.0, 1.0, 2.0}));
     QCOMPARE(dailyMeans(series, 43200.0, 600.0), std::vector<double>({0.5, 1.5}));
     QCOMPARE(dailyMeans(series, 0.0, 600.0, 1).size(), size_t(1));
-    QVERIFY(dailyMeans({}, 0.0, 600.0).empty());
+    PhaseSeries nothing;
+    QVERIFY(dailyMeans(nothing, 0.0, 600.0).empty());
 
     // A gap of any length is crossed at once, and no time stops the walk.
     series.t.back() += 100.0 * 86400.0;

@@ -1,6 +1,7 @@
 #include "table/core/crosspair.h"
 
 #include "base/debuglog.h"
+#include "base/largepages.h"
 #include "base/parallel.h"
 #include "record/comparerecords.h"
 #include "record/record.h"
@@ -13,6 +14,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -42,6 +45,18 @@ std::vector<std::vector<double>> valuesOf(CrossKernel kernel, const std::vector<
     if (!runTasks(tasks, progress))
         return {};
     return values;
+}
+
+/// Appends what `of` gives for each of n values, through a buffer small enough to stay in the cache.
+template <class Of> void append(std::vector<double>& array, const double* values, int n, Of of)
+{
+    double buffer[512];
+    for (int done = 0; done < n;) {
+        const int count = std::min(n - done, int(std::size(buffer)));
+        std::transform(values + done, values + done + count, buffer, of);
+        array.insert(array.end(), buffer, buffer + count);
+        done += count;
+    }
 }
 
 int samplesIn(Span span)
@@ -222,20 +237,26 @@ CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, Cro
     out = CrossSeries();
     const CommonSigns signs = commonSigns(a, b);
     const int fewer = std::min(samplesIn(inA), samplesIn(inB));
-    for (std::vector<double>* array : {&out.x, &out.y, &out.d, &out.u, &out.v})
+    for (std::vector<double>* array : {&out.x, &out.y, &out.d, &out.u, &out.v}) {
         array->reserve(size_t(fewer));
+        preferLargePages(array->data(), size_t(fewer) * sizeof(double));
+    }
+    const double shift = timeShift(a, b);
     double origin = 0.0, last = 0.0; // on the scale of a
-    forEachPair(a, b, inA, inB, farthestApart(a), [&](double ta, double xa, double tb, double xb) {
-        if (out.x.empty())
-            origin = ta;
-        last = ta;
-        out.x.push_back(signs.first * xa);
-        out.y.push_back(signs.second * xb);
-        out.d.push_back(out.y.back() - out.x.back());
-        out.u.push_back(ta - origin);
-        out.v.push_back(tb - origin);
-        return true;
-    });
+    forEachRun(a, b, inA, inB, farthestApart(a),
+        [&](const double* ta, const double* xa, const double* tb, const double* xb, int n) {
+            if (out.x.empty())
+                origin = *ta;
+            last = ta[n - 1];
+            const auto later = [origin](double t) { return t - origin; };
+            append(out.x, xa, n, [sign = signs.first](double x) { return sign * x; });
+            append(out.y, xb, n, [sign = signs.second](double x) { return sign * x; });
+            append(out.u, ta, n, later);
+            append(out.v, tb, n, [=](double t) { return shift + t - origin; });
+            return true;
+        });
+    out.d.resize(out.x.size());
+    std::transform(out.y.begin(), out.y.end(), out.x.begin(), out.d.begin(), std::minus<>());
     if (out.x.empty()) {
         out = CrossSeries();
         return CrossStatus::NoPairs;

@@ -88,6 +88,26 @@ DayWriter::DayWriter(Record& record, double midnight)
     reset(record.x);
 }
 
+void DayWriter::add(const double* t, const double* x, int count)
+{
+    int i = 0;
+    while (i < count) {
+        // As many as go to the day at hand without a look at each.
+        int good = i;
+        double last = m_last;
+        while (good < count && t[good] > last && t[good] < m_nextMidnight)
+            last = t[good++];
+        m_t.insert(m_t.end(), t + i, t + good);
+        m_x.insert(m_x.end(), x + i, x + good);
+        m_last = last;
+        i = good;
+        if (i < count) {
+            add(t[i], x[i]);
+            ++i;
+        }
+    }
+}
+
 void DayWriter::openDay(double t)
 {
     writeDay();

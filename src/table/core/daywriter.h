@@ -34,6 +34,17 @@ public:
     double t() const { return m_t[m_pos]; }
     double x() const { return m_x[m_pos]; }
 
+    /// The samples from here to the end of the day, at least one, as arrays; and steps over some of them.
+    int left() const { return m_length - m_pos; }
+    const double* times() const { return m_t + m_pos; }
+    const double* values() const { return m_x + m_pos; }
+    void skip(int count)
+    {
+        m_pos += count;
+        if (m_pos >= m_length)
+            nextDay();
+    }
+
     void next()
     {
         if (++m_pos >= m_length)
@@ -73,6 +84,9 @@ public:
         m_t.push_back(t);
         m_x.push_back(x);
     }
+
+    /// Adds samples one after the other.
+    void add(const double* t, const double* x, int count);
 
     /// Writes the last day and sets n_days, num_in_days, n_cnt and the part length.
     void finish();

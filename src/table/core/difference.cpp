@@ -40,10 +40,11 @@ DifferenceResult differenceOf(Record& a, Record& b, Record& out)
     result.countsDiffer = std::abs((inA.last - inA.first) - (inB.last - inB.first)) > 10;
     const double farthest = a.Kdec * 0.49; // s
     bool anyPair = false;
-    forEachPair(a, b, inA, inB, farthest, [&](double, double, double, double) {
-        anyPair = true;
-        return false;
-    });
+    forEachRun(
+        a, b, inA, inB, farthest, [&](const double*, const double*, const double*, const double*, int) {
+            anyPair = true;
+            return false;
+        });
     if (!anyPair) {
         result.status = DifferenceStatus::NoPairs;
         return result;
@@ -54,10 +55,14 @@ DifferenceResult differenceOf(Record& a, Record& b, Record& out)
     out.ref_sig = names.ref_sig;
     out.meas_sig = names.meas_sig;
     DayWriter writer(out, startTime(a) - startSecond(a));
-    forEachPair(a, b, inA, inB, farthest, [&](double t, double xa, double, double xb) {
-        writer.add(t, xb - xa);
-        return true;
-    });
+    std::vector<double> differences;
+    forEachRun(a, b, inA, inB, farthest,
+        [&](const double* t, const double* xa, const double*, const double* xb, int n) {
+            differences.resize(size_t(n));
+            std::transform(xb, xb + n, xa, differences.begin(), std::minus<>());
+            writer.add(t, differences.data(), n);
+            return true;
+        });
     writer.finish();
     result.pairs = out.n_cnt;
     setEnds(a, out);

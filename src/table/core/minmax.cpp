@@ -78,14 +78,19 @@ public:
     {
     }
 
-    void take(double t, double x)
+    void take(const double* t, const double* x, int n)
     {
-        if (m_count++ == 0)
-            m_least = m_most = {t, x};
-        if (!(m_least.x <= x) && !std::isnan(x))
-            m_least = {t, x};
-        if (!(m_most.x >= x) && !std::isnan(x))
-            m_most = {t, x};
+        if (n < 1)
+            return;
+        if (m_count == 0)
+            m_least = m_most = {*t, *x};
+        m_count += n;
+        for (int i = 0; i < n; ++i) {
+            if (!(m_least.x <= x[i]) && !std::isnan(x[i]))
+                m_least = {t[i], x[i]};
+            if (!(m_most.x >= x[i]) && !std::isnan(x[i]))
+                m_most = {t[i], x[i]};
+        }
     }
 
     void end()
@@ -120,22 +125,22 @@ private:
 /// Cuts one run into `share` stretches as even as can be: what the division leaves over is carried on.
 void reduceRun(SampleWalk& walk, int length, int share, Stretch& stretch)
 {
-    if (share < 1) { // yields nothing
-        for (int i = 0; i < length && !walk.atEnd(); ++i)
-            walk.next();
-        return;
-    }
+    const bool shown = share > 0; // without a share it yields nothing
     qint64 carried = 0;
-    int left = 0; // of the stretch at hand
-    for (int i = 0; i < length && !walk.atEnd(); ++i) {
-        if (left == 0) {
+    int left = length; // of the stretch at hand
+    for (int done = 0; done < length && !walk.atEnd();) {
+        if (shown && (done == 0 || left == 0)) {
             carried += length % share;
             left = std::max(1, length / share + (carried >= share ? 1 : 0));
             carried -= carried >= share ? share : 0;
         }
-        stretch.take(walk.t(), walk.x());
-        walk.next();
-        if (--left == 0)
+        const int count = std::min({left, walk.left(), length - done});
+        if (shown)
+            stretch.take(walk.times(), walk.values(), count);
+        walk.skip(count);
+        done += count;
+        left -= count;
+        if (left == 0)
             stretch.end();
     }
     stretch.end();

@@ -1,9 +1,25 @@
 #include "table/core/phaseseries.h"
 
+#include "base/largepages.h"
+#include "base/parallel.h"
 #include "record/record.h"
 
 #include <algorithm>
-#include <iterator>
+
+namespace {
+
+/// Appends the samples of an array, as far as the other one holds them too.
+void take(const doubleArray& from, const doubleArray& other, size_t room, std::vector<double>& to)
+{
+    to.reserve(room);
+    preferLargePages(to.data(), room * sizeof(double));
+    for (int day = 0; day < from.parts.size() && day < other.parts.size(); ++day) {
+        const double* values = from.DayData(day);
+        to.insert(to.end(), values, values + std::min(from.DayLengths.at(day), other.DayLengths.at(day)));
+    }
+}
+
+} // namespace
 
 PhaseSeries phaseSeries(Record& record)
 {
@@ -14,16 +30,15 @@ PhaseSeries phaseSeries(Record& record)
     if (stored + live < 1)
         return series;
     const double origin = stored > 0 ? record.t[0] : record.dyn_t.first();
-    series.t.reserve(size_t(stored + live));
-    series.x.reserve(size_t(stored + live));
-    for (int day = 0; day < record.t.parts.size() && day < record.x.parts.size(); ++day) {
-        const int count = std::min(record.t.DayLengths.at(day), record.x.DayLengths.at(day));
-        const double* t = record.t.DayData(day);
-        const double* x = record.x.DayData(day);
-        std::transform(
-            t, t + count, std::back_inserter(series.t), [origin](double time) { return time - origin; });
-        series.x.insert(series.x.end(), x, x + count);
-    }
+    const size_t all = size_t(stored + live);
+    runTasks({[&] {
+                  take(record.t, record.x, all, series.t);
+                  if (origin != 0.0) {
+                      for (double& t : series.t)
+                          t -= origin;
+                  }
+              },
+        [&] { take(record.x, record.t, all, series.x); }});
     for (int i = 0; i < live; ++i) {
         series.t.push_back(record.dyn_t.at(i) - origin);
         series.x.push_back(record.dyn_x.at(i));

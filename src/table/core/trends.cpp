@@ -1,6 +1,7 @@
 #include "table/core/trends.h"
 
 #include "base/globals.h"
+#include "base/parallel.h"
 #include "record/record.h"
 #include "stats/drift.h"
 #include "stats/fits.h"
@@ -30,23 +31,28 @@ Parabola parabolaThrough(long n, double* t, double* x)
     return parabola;
 }
 
-/// Fits line and parabola, and the drift by regression on days. `step` is how much the series was thinned by,
-/// and `dayEnds` count the samples before that.
-void fit(Trends& trends, PhaseSeries& series, long step, const QList<int>& dayEnds)
+/// Fits line and parabola.
+void fit(Trends& trends, PhaseSeries& series)
 {
     const long n = series.size();
     double* t = series.t.data();
     double* x = series.x.data();
     Trend(n, t, x, &trends.linearFrequency);
-    const Parabola parabola = parabolaThrough(n, t, x);
-    trends.parabola = parabola;
+    Parabola& parabola = trends.parabola;
+    Parab(int(n), t, x, &parabola.quadratic, &parabola.linear, &parabola.constant);
     trends.middleFrequency = parabola.slopeAt(0.5 * (t[0] + t[n - 1]));
     trends.endFrequency = parabola.slopeAt(t[n - 1]);
     trends.drift = 2.0 * parabola.quadratic;
-    if (dayEnds.size() > 2) {
-        trends.hasDailyDrift = true;
-        calcLinRegDrift(t, x, trends.dailyDrift, dayEnds, trends.dailyDriftError, double(step));
-    }
+}
+
+/// The drift by regression on days. `step` is how much the series was thinned by, and `dayEnds` count the
+/// samples before that.
+void fitDays(Trends& trends, PhaseSeries& series, long step, const QList<int>& dayEnds)
+{
+    trends.hasDailyDrift = dayEnds.size() > 2;
+    if (trends.hasDailyDrift)
+        calcLinRegDrift(series.t.data(), series.x.data(), trends.dailyDrift, dayEnds, trends.dailyDriftError,
+            double(step));
 }
 
 void subtract(const Parabola& parabola, PhaseSeries& series)
@@ -83,7 +89,7 @@ double secondsToFirstHour(const QDateTime& earliest, const QDateTime& start)
     return double(start.msecsTo(first)) / 1000.0;
 }
 
-double dailyDeviation(const Record& record, const PhaseSeries& series, const QDateTime& earliest)
+double dailyDeviation(const Record& record, PhaseSeries& series, const QDateTime& earliest)
 {
     constexpr double longestInterval = 960.0; // s
     if (!(record.Kdec <= longestInterval))
@@ -116,20 +122,26 @@ Trends recordTrends(Record& record, PhaseSeries& series, const QDateTime& earlie
     long step = 1;
     PhaseSeries thinned = thinnedSeries(series.size(), series.t.data(), series.x.data(), mostFitted, step);
     PhaseSeries& fitted = step > 1 ? thinned : series;
-    fit(trends, fitted, step, record.t.DayLengths);
-    if (removeDrift) {
-        subtract(trends.parabola, record);
-        subtract(trends.parabola, series);
-        if (step > 1)
-            subtract(trends.parabola, thinned);
+    const auto means = [&] {
+        trends.mean = aver(fitted.size(), fitted.x.data());
+        trends.deviation = sco_phase(fitted.size(), fitted.x.data());
+        trends.dailyDeviation = dailyDeviation(record, series, earliest);
+    };
+    const auto days = [&] { fitDays(trends, fitted, step, record.t.DayLengths); };
+    if (!removeDrift) { // then all of them only read
+        runTasks({days, [&] { fit(trends, fitted); }, means});
+        return trends;
     }
-    trends.mean = aver(fitted.size(), fitted.x.data());
-    trends.deviation = sco_phase(fitted.size(), fitted.x.data());
-    trends.dailyDeviation = dailyDeviation(record, series, earliest);
+    runTasks({days, [&] { fit(trends, fitted); }});
+    subtract(trends.parabola, record);
+    subtract(trends.parabola, series);
+    if (step > 1)
+        subtract(trends.parabola, thinned);
+    means();
     return trends;
 }
 
-std::vector<double> dailyMeans(const PhaseSeries& series, double offset, double interval, size_t most)
+std::vector<double> dailyMeans(PhaseSeries& series, double offset, double interval, size_t most)
 {
     std::vector<double> means;
     const long n = series.size();
@@ -148,13 +160,10 @@ std::vector<double> dailyMeans(const PhaseSeries& series, double offset, double 
         const double from = offset + days * day;
         if (!(from + day <= end))
             break;
-        long double sum = 0.0L;
-        long count = 0;
-        do {
-            sum += series.x[size_t(i++)];
-            ++count;
-        } while (i < n && series.t[size_t(i)] < from + day);
-        means.push_back(double(sum / count));
+        const long first = i;
+        while (i < n && (i == first || series.t[size_t(i)] < from + day))
+            ++i;
+        means.push_back(aver(i - first, series.x.data() + first));
     }
     return means;
 }

@@ -51,7 +51,7 @@ Trends recordTrends(Record& record, PhaseSeries& series, const QDateTime& earlie
 /// Means of x over the whole days that begin `offset` seconds after the first sample, at most `most` of them.
 /// A day without samples is left out, and so is one that the series does not reach the end of, less one
 /// `interval`.
-std::vector<double> dailyMeans(const PhaseSeries& series, double offset, double interval, size_t most = 5000);
+std::vector<double> dailyMeans(PhaseSeries& series, double offset, double interval, size_t most = 5000);
 
 /// Heads of the table of frequency and drift, translated; ten of them, the first for the name of the record.
 QStringList trendHeads();
