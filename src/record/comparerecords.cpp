@@ -117,23 +117,36 @@ int compareRecords2(Record* a, Record* b, int& a0, int& a1, int& b0, int& b1)
 
 QList<int> break_Tarr_Linkedzones(doubleArray* t, double Kdec)
 {
+    constexpr int block = 64; // looked at as a whole
     QList<int> runs;
     int run = 0;
     bool first = true;
     double before = 0.0;
     const double longest = 2.0 * Kdec;
+    const auto goesOn = [longest](double step) { return (step > 0.0) & !(step > longest); };
     for (int day = 0; day < t->parts.size(); ++day) {
         const double* time = t->DayData(day);
         const int length = t->DayLengths.at(day);
-        for (int i = 0; i < length; ++i) {
+        for (int i = 0; i < length;) {
+            if (i > 0 && length - i >= block) {
+                bool even = true;
+                for (int k = i; k < i + block; ++k)
+                    even &= goesOn(time[k] - time[k - 1]);
+                if (even) {
+                    i += block;
+                    run += block;
+                    before = time[i - 1];
+                    continue;
+                }
+            }
             const double step = time[i] - before;
-            before = time[i];
+            before = time[i++];
             if (first) {
                 first = false;
                 continue;
             }
             ++run;
-            if (step > 0.0 && !(step > longest))
+            if (goesOn(step))
                 continue;
             runs.append(run);
             run = 0;

@@ -83,13 +83,14 @@ double calcLinRegDrift(
     if (!(interval >= 1.0))
         dayEnds.clear(); // a smaller step would lead past the samples that the day ends count
     Points frequencies; // middle time of the day, frequency
+    Points points; // of the day at hand
     int removed = 0;
     long i = 0;
     for (const int dayEnd : qAsConst(dayEnds)) {
         long end = i;
         while (static_cast<double>(end) * interval < dayEnd)
             ++end;
-        Points points(int(end - i));
+        points.resize(int(end - i));
         for (auto& point : points) {
             point = {t[i], x[i]};
             ++i;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 
 namespace {
 
@@ -9,12 +10,11 @@ constexpr size_t fewValues = 4096; // not worth a sample
 constexpr size_t sampleSize = 1024;
 constexpr size_t margin = 48; // of the sample to either side of its middle: three standard deviations
 
-Middle selected(std::vector<double>& values, size_t lower, size_t upper)
+/// The values of rank `lower` and `upper`, which is the same or the next one, of n.
+Middle selected(double* values, size_t n, size_t lower, size_t upper)
 {
-    const auto at = [&](size_t index) { return values.begin() + std::ptrdiff_t(index); };
-    std::nth_element(values.begin(), at(upper), values.end());
-    const double above = *at(upper);
-    return {lower == upper ? above : *std::max_element(values.begin(), at(upper)), above};
+    std::nth_element(values, values + upper, values + n);
+    return {lower == upper ? values[upper] : *std::max_element(values, values + upper), values[upper]};
 }
 
 } // namespace
@@ -24,14 +24,14 @@ Middle middleOf(std::vector<double>& values)
     const size_t n = values.size();
     const size_t lower = (n - 1) / 2, upper = n / 2;
     if (n < fewValues)
-        return selected(values, lower, upper);
+        return selected(values.data(), n, lower, upper);
     std::vector<double> sample;
     sample.reserve(sampleSize);
     for (size_t i = 0; i < sampleSize; ++i)
         sample.push_back(values[i * n / sampleSize]);
     std::sort(sample.begin(), sample.end());
     const double from = sample[sampleSize / 2 - margin], to = sample[sampleSize / 2 + margin];
-    std::vector<double> between(n + 1);
+    const std::unique_ptr<double[]> between(new double[n + 1]); // left as it is: few are used
     size_t count = 0, below = 0;
     for (const double value : values) { // without branches: their outcome could not be foreseen
         between[count] = value;
@@ -39,7 +39,6 @@ Middle middleOf(std::vector<double>& values)
         below += size_t(value < from);
     }
     if (below > lower || upper >= below + count)
-        return selected(values, lower, upper);
-    between.resize(count);
-    return selected(between, lower - below, upper - below);
+        return selected(values.data(), n, lower, upper);
+    return selected(between.get(), count, lower - below, upper - below);
 }

@@ -85,6 +85,22 @@ public:
         if (m_count == 0)
             m_least = m_most = {*t, *x};
         m_count += n;
+        constexpr int block = 64; // looked at as a whole
+        int i = 0;
+        for (; n - i >= block; i += block) {
+            double least = x[i], most = x[i];
+            for (int k = i; k < i + block; ++k) {
+                least = x[k] < least ? x[k] : least;
+                most = x[k] > most ? x[k] : most;
+            }
+            if (!(m_least.x <= least) || !(m_most.x >= most))
+                takeEach(t + i, x + i, block);
+        }
+        takeEach(t + i, x + i, n - i);
+    }
+
+    void takeEach(const double* t, const double* x, int n)
+    {
         for (int i = 0; i < n; ++i) {
             if (!(m_least.x <= x[i]) && !std::isnan(x[i]))
                 m_least = {t[i], x[i]};
