@@ -210,6 +210,14 @@ void shareRecord(Record* src, Record* dst)
     fullCopy(src, dst, shareDay);
 }
 
+void moveRecord(Record* src, Record* dst)
+{
+    if (src == dst)
+        return;
+    *dst = std::move(*src);
+    deleteRecord(src);
+}
+
 void ownSamples(Record* rec)
 {
     rec->t.unshare();

@@ -16,6 +16,7 @@ struct Record {
     Record() = default;
     Record(const Record&) = delete;
     Record& operator=(const Record&) = delete;
+    Record& operator=(Record&&) = default; // for moveRecord(), which also empties the source
 
     /// Local time of the first and the last sample.
     QDateTime start;
@@ -79,6 +80,8 @@ void copyRecord(Record* src, Record* dst);
 /// As copyRecord, but the copy holds the samples of the source where these are complete, so that it takes
 /// neither time nor memory. Whoever writes samples in place calls ownSamples() first.
 void shareRecord(Record* src, Record* dst);
+/// Makes `dst` what `src` is, and empties `src`. Needs no memory.
+void moveRecord(Record* src, Record* dst);
 /// Gives a record arrays of its own where it shares them.
 void ownSamples(Record* rec);
 
