@@ -49,15 +49,20 @@ The records in the table are intact; you can go on working.</translation>
         <translation>Phase spectrum, dBc</translation>
     </message>
     <message>
-        <location line="+153"/>
+        <location line="+163"/>
         <source>Делить на корень из 2</source>
         <translation>Divide by square root of 2</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать значения одного из двух одинаковых генераторов</source>
+        <translation>Show the values of one of two equal oscillators</translation>
     </message>
 </context>
 <context>
     <name>CrossRows</name>
     <message>
-        <location filename="../../src/table/core/crosspair.cpp" line="+118"/>
+        <location filename="../../src/table/core/crosspair.cpp" line="+133"/>
         <source>Шум компаратора (по каналам </source>
         <translation>Comparator noise (channels </translation>
     </message>
@@ -99,6 +104,394 @@ The records in the table are intact; you can go on working.</translation>
         <location filename="../../src/load/core/formatfilewriter.cpp" line="+72"/>
         <source>total number of counts </source>
         <translation>total number of counts </translation>
+    </message>
+</context>
+<context>
+    <name>FrGrSetDlg</name>
+    <message>
+        <location filename="../../src/plot/frgrsetdlg.ui" line="+5"/>
+        <source>Диалог настройки</source>
+        <translation>Settings dialog</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Выбор интервала измерения</source>
+        <translation>Choice of the measurement interval</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Интервал</source>
+        <translation>Interval</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Целое число секунд, до 10000</source>
+        <translation>Whole seconds, up to 10000</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>с</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Задать</source>
+        <translation>Set</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Принять интервал и закрыть окно</source>
+        <translation>Take the interval and close the window</translation>
+    </message>
+    <message>
+        <location filename="../../src/plot/frgrsetdlg.cpp" line="+46"/>
+        <source>Значение не может быть больше 1000</source>
+        <translation>The value must not exceed 1000</translation>
+    </message>
+</context>
+<context>
+    <name>GrafOptions</name>
+    <message>
+        <location filename="../../src/plot/grafoptions.ui" line="+5"/>
+        <source>Свойства графика</source>
+        <translation>Graph properties</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>Кривая, свойства которой показаны</source>
+        <translation>The curve whose properties are shown</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Удалить</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Убрать кривую с графика; вернуть её можно флажком в легенде</source>
+        <translation>Take the curve off the graph; its check box in the legend brings it back</translation>
+    </message>
+    <message>
+        <location line="+15"/>
+        <source>Название данного графика</source>
+        <translation>Title of this graph</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Имя кривой в легенде</source>
+        <translation>Name of the curve in the legend</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <location line="+7"/>
+        <source>Цвет линии</source>
+        <translation>Line colour</translation>
+    </message>
+    <message>
+        <location line="-1"/>
+        <source>Выбрать цвет линии и маркеров</source>
+        <translation>Choose the colour of line and markers</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <source>Показать линию</source>
+        <translation>Show line</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Соединить точки линией</source>
+        <translation>Join the points with a line</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>толщина линии</source>
+        <translation>line width</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <location line="+23"/>
+        <source>В точках экрана</source>
+        <translation>In pixels of the screen</translation>
+    </message>
+    <message>
+        <location line="-18"/>
+        <source>Показать маркер</source>
+        <translation>Show marker</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Отметить каждую точку значком</source>
+        <translation>Mark every point with a symbol</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <location line="+1"/>
+        <source>Вид маркера</source>
+        <translation>Kind of marker</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>размер маркера</source>
+        <translation>marker size</translation>
+    </message>
+    <message>
+        <location line="+11"/>
+        <source>Показать среднее</source>
+        <translation>Show average</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Провести линию среднего и показать его значение</source>
+        <translation>Draw a line at the average and show its value</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Вычесть среднее</source>
+        <translation>Subtract average</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать кривую за вычетом её среднего</source>
+        <translation>Show the curve less its average</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Показать тренд</source>
+        <translation>Show trend</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Провести прямую по методу наименьших квадратов и показать её наклон за один шаг</source>
+        <translation>Draw the least-squares line and show its slope per step</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Показать ADEV</source>
+        <translation>Show ADEV</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать девиацию Аллана для участка между маркерами</source>
+        <translation>Show the Allan deviation of the stretch between the markers</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>между маркерами X1 и X2</source>
+        <translation>between markers X1 and X2</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>Настройки поля</source>
+        <translation>Field settings</translation>
+    </message>
+    <message>
+        <location line="+4"/>
+        <source>Показать сетку</source>
+        <translation>Show grid</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать линии сетки на поле графика</source>
+        <translation>Show grid lines on the field of the graph</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>Интервалы по осям</source>
+        <translation>Axis intervals</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Ось</source>
+        <translation>Axis</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Ось, пределы которой задаются</source>
+        <translation>The axis whose limits are set</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Значения</source>
+        <translation>Values</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Нижний предел оси</source>
+        <translation>Lower limit of the axis</translation>
+    </message>
+    <message>
+        <location line="+10"/>
+        <source>Верхний предел оси</source>
+        <translation>Upper limit of the axis</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Время</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>С этого момента показывать данные</source>
+        <translation>Show data from this moment on</translation>
+    </message>
+    <message>
+        <location line="+12"/>
+        <source>До этого момента показывать данные</source>
+        <translation>Show data up to this moment</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Задать</source>
+        <translation>Set</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать график в этих пределах</source>
+        <translation>Show the graph within these limits</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Сброс</source>
+        <translation>Reset</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать все данные выбранной оси</source>
+        <translation>Show all data of the chosen axis</translation>
+    </message>
+    <message>
+        <location line="+17"/>
+        <source>Применить и закрыть окно</source>
+        <translation>Apply and close the window</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Применить</source>
+        <translation>Apply</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Применить к выбранной кривой</source>
+        <translation>Apply to the chosen curve</translation>
+    </message>
+    <message>
+        <location line="+5"/>
+        <source>Отмена</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Закрыть окно без изменений</source>
+        <translation>Close the window without changes</translation>
+    </message>
+    <message>
+        <location filename="../../src/plot/grafoptions.cpp" line="+30"/>
+        <source>Круг</source>
+        <translation>Circle</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Квадрат</source>
+        <translation>Square</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Ромб</source>
+        <translation>Diamond</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Треугольник</source>
+        <translation>Triangle</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Треугольник вниз</source>
+        <translation>Triangle down</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Треугольник вверх</source>
+        <translation>Triangle up</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Треугольник влево</source>
+        <translation>Triangle left</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Треугольник вправо</source>
+        <translation>Triangle right</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Крест</source>
+        <translation>Cross</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Косой крест</source>
+        <translation>Diagonal cross</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Горизонтальная черта</source>
+        <translation>Horizontal bar</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Вертикальная черта</source>
+        <translation>Vertical bar</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Звезда</source>
+        <translation>Star</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Звезда, 6 лучей</source>
+        <translation>Star, 6 points</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Шестиугольник</source>
+        <translation>Hexagon</translation>
+    </message>
+    <message>
+        <location line="+52"/>
+        <location line="+28"/>
+        <source>График</source>
+        <translation>Graph</translation>
+    </message>
+</context>
+<context>
+    <name>InsPlotComment</name>
+    <message>
+        <location filename="../../src/plot/insplotcomment.ui" line="+6"/>
+        <source>Вставить комментарий на график</source>
+        <translation>Insert a comment on the graph</translation>
+    </message>
+    <message>
+        <location line="+4"/>
+        <source>Комментарий можно перетащить мышью; правая кнопка исправляет или удаляет его</source>
+        <translation>A comment can be dragged with the mouse; the right button corrects or deletes it</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Текст комментария; Ctrl+Enter вставляет его на график</source>
+        <translation>Text of the comment; Ctrl+Enter puts it on the graph</translation>
+    </message>
+    <message>
+        <location line="+9"/>
+        <source>Очистить</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Стереть набранный текст</source>
+        <translation>Erase the text typed</translation>
     </message>
 </context>
 <context>
@@ -707,27 +1100,81 @@ Check the file or choose another template.</translation>
     </message>
 </context>
 <context>
+    <name>PhaseForm</name>
+    <message>
+        <location filename="../../src/plot/phaseform.cpp" line="+32"/>
+        <source>Обновлять графики текущих измерений</source>
+        <translation>Update graphs of current measurements</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Включено: график следует за новыми данными. Выключено: дни выбираются движком под графиком</source>
+        <translation>On: the graph follows new data. Off: days are chosen with the slider below the graph</translation>
+    </message>
+</context>
+<context>
     <name>PlotForm</name>
     <message>
-        <location filename="../../src/plot/plotform.cpp" line="+193"/>
+        <location filename="../../src/plot/plotform.cpp" line="+167"/>
         <source>Сохранить</source>
         <translation>Save</translation>
     </message>
     <message>
         <location line="+0"/>
-        <location filename="../../src/plot/plotform_export.cpp" line="+312"/>
+        <source>Записать изображение графика в файл</source>
+        <translation>Write a picture of the graph to a file</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <location filename="../../src/plot/plotform_export.cpp" line="+411"/>
         <source>Печать</source>
         <translation>Print</translation>
     </message>
     <message>
+        <location line="+0"/>
+        <source>Напечатать график</source>
+        <translation>Print the graph</translation>
+    </message>
+    <message>
         <location line="+1"/>
+        <location filename="../../src/plot/plotform_export.cpp" line="-13"/>
+        <source>Предварительный просмотр</source>
+        <translation>Print preview</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать страницу такой, какой она будет напечатана</source>
+        <translation>Show the page as it will be printed</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Копировать изображение</source>
+        <translation>Copy image</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Поместить изображение графика в буфер обмена</source>
+        <translation>Put a picture of the graph on the clipboard</translation>
+    </message>
+    <message>
+        <location line="+2"/>
         <source>Свойства графика</source>
         <translation>Graph properties</translation>
     </message>
     <message>
         <location line="+0"/>
+        <source>Изменить вид линий и маркеров и границы осей</source>
+        <translation>Change the look of lines and markers and the limits of the axes</translation>
+    </message>
+    <message>
+        <location line="+2"/>
         <source>Вставить комментарий</source>
         <translation>Insert comment</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Поместить на график текст</source>
+        <translation>Put a text on the graph</translation>
     </message>
     <message>
         <location line="+1"/>
@@ -735,9 +1182,29 @@ Check the file or choose another template.</translation>
         <translation>Export to ASCII</translation>
     </message>
     <message>
-        <location line="+0"/>
+        <location line="+1"/>
+        <source>Записать показанные точки таблицей в текстовый файл</source>
+        <translation>Write the points shown to a text file as a table</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Отметить двумя нажатиями начало и конец участка</source>
+        <translation>Mark the begin and the end of a stretch with two clicks</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Вырезать отмеченный участок показанных записей в новые записи</source>
+        <translation>Cut the marked stretch of the records shown into new records</translation>
+    </message>
+    <message>
+        <location line="+11"/>
         <source>Маркер</source>
         <translation>Marker</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Нажмите и тяните по графику, чтобы измерить расстояние между точками</source>
+        <translation>Press and drag on the graph to measure the distance between points</translation>
     </message>
     <message>
         <location line="+1"/>
@@ -745,22 +1212,57 @@ Check the file or choose another template.</translation>
         <translation>Zoom</translation>
     </message>
     <message>
-        <location line="+0"/>
+        <location line="+1"/>
+        <source>Обведите область, чтобы увеличить её; правая кнопка возвращает назад</source>
+        <translation>Drag around an area to enlarge it; the right button goes back</translation>
+    </message>
+    <message>
+        <location line="+2"/>
         <source>Задать интервал времени</source>
         <translation>Set time interval</translation>
     </message>
     <message>
-        <location line="+1"/>
+        <location line="+36"/>
+        <source>Ось, по которой работают маркеры и масштаб</source>
+        <translation>The axis that markers and zoom act on</translation>
+    </message>
+    <message>
+        <location line="-55"/>
         <source>Отметить границы</source>
         <translation>Mark boundaries</translation>
     </message>
     <message>
-        <location line="+1"/>
+        <location line="+2"/>
         <source>Сохранить как новую запись</source>
         <translation>Save as new record</translation>
     </message>
     <message>
-        <location line="+5"/>
+        <location line="+17"/>
+        <source>Показать данные между двумя моментами времени</source>
+        <translation>Show the data between two moments</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать всё</source>
+        <translation>Show all</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Отменить все изменения масштаба (двойное нажатие на графике)</source>
+        <translation>Undo all zooming (double click on the graph)</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Предыдущий масштаб</source>
+        <translation>Previous zoom</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Отменить последнее изменение масштаба</source>
+        <translation>Undo the last zoom</translation>
+    </message>
+    <message>
+        <location line="+20"/>
         <source>О&amp;пции</source>
         <translation>&amp;Options</translation>
     </message>
@@ -780,7 +1282,8 @@ Check the file or choose another template.</translation>
         <translation>Axis</translation>
     </message>
     <message>
-        <location line="+5"/>
+        <location line="+7"/>
+        <location filename="../../src/plot/plotform_options.cpp" line="+65"/>
         <source>Ось #</source>
         <translation>Axis #</translation>
     </message>
@@ -813,17 +1316,18 @@ Check the file or choose another template.</translation>
         <translation>Relative frequency difference</translation>
     </message>
     <message>
-        <location filename="../../src/plot/plotform_curves.cpp" line="+56"/>
+        <location filename="../../src/plot/plotform_curves.cpp" line="+59"/>
         <source>Среднее</source>
         <translation>Mean</translation>
     </message>
     <message>
         <location line="+2"/>
+        <location filename="../../src/plot/plotform_options.cpp" line="+167"/>
         <source>Тренд</source>
         <translation>Trend</translation>
     </message>
     <message>
-        <location filename="../../src/plot/plotform_export.cpp" line="-94"/>
+        <location filename="../../src/plot/plotform_export.cpp" line="-105"/>
         <source>Нет ни одной кривой</source>
         <translation>There is no curve</translation>
     </message>
@@ -833,13 +1337,13 @@ Check the file or choose another template.</translation>
         <translation>Unknown picture format</translation>
     </message>
     <message>
-        <location line="+14"/>
+        <location line="+8"/>
         <source>Не удалось построить изображение</source>
         <translation>The picture could not be made</translation>
     </message>
     <message>
         <location line="+12"/>
-        <location line="+6"/>
+        <location line="+8"/>
         <location line="+7"/>
         <source>Сохранить график</source>
         <translation>Save graph</translation>
@@ -855,14 +1359,67 @@ Check the file or choose another template.</translation>
         <translation>Could not save the file</translation>
     </message>
     <message>
-        <location line="+54"/>
+        <location line="+82"/>
         <source>Не удалось напечатать график.</source>
         <translation>The graph could not be printed.</translation>
     </message>
     <message>
-        <location line="+46"/>
+        <location line="+45"/>
         <source>Сохранить таблицу</source>
         <translation>Save table</translation>
+    </message>
+    <message>
+        <location filename="../../src/plot/plotform_comments.cpp" line="+29"/>
+        <source>Редактировать комментарий</source>
+        <translation>Edit comment</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Удалить комментарий</source>
+        <translation>Delete comment</translation>
+    </message>
+    <message>
+        <location filename="../../src/plot/plotform_options.cpp" line="-1"/>
+        <source>Средн.</source>
+        <translation>Aver.</translation>
+    </message>
+</context>
+<context>
+    <name>PlotZoomDT</name>
+    <message>
+        <location filename="../../src/plot/plotzoomdt.ui" line="+5"/>
+        <source>Показать данные за период...</source>
+        <translation>Show data for a period...</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Начало:</source>
+        <translation>Start:</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>С этого момента показывать данные</source>
+        <translation>Show data from this moment on</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Конец:</source>
+        <translation>End:</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>До этого момента показывать данные</source>
+        <translation>Show data up to this moment</translation>
+    </message>
+    <message>
+        <location line="+10"/>
+        <source>Восстановить</source>
+        <translation>Restore</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Показать данные за всё время</source>
+        <translation>Show the data of all time</translation>
     </message>
 </context>
 <context>
@@ -1084,12 +1641,12 @@ Check the file or choose another template.</translation>
         <translation>Stop (Esc); the table and the former results stay</translation>
     </message>
     <message>
-        <location line="+10"/>
-        <source>Вычисление спектра</source>
-        <translation>Spectrum</translation>
+        <location line="+9"/>
+        <source>Вычисление спектра:</source>
+        <translation>Spectrum:</translation>
     </message>
     <message>
-        <location line="+6"/>
+        <location line="+7"/>
         <source>вычислять</source>
         <translation>compute</translation>
     </message>
@@ -1099,7 +1656,7 @@ Check the file or choose another template.</translation>
         <translation>Compute the spectra of phase and frequency while processing</translation>
     </message>
     <message>
-        <location line="+7"/>
+        <location line="+20"/>
         <source>Частота (МГц)</source>
         <translation>Frequency (MHz)</translation>
     </message>
@@ -1109,36 +1666,86 @@ Check the file or choose another template.</translation>
         <translation>Nominal frequency that the spectrum refers to</translation>
     </message>
     <message>
-        <location line="+16"/>
+        <location line="+18"/>
         <source>Результаты</source>
         <translation>Results</translation>
     </message>
     <message>
-        <location line="+6"/>
+        <location line="+12"/>
+        <source>Разность фаз</source>
+        <translation>Phase difference</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Показать график разности фаз и других данных</source>
+        <translation>Show the graph of phase difference and other data</translation>
+    </message>
+    <message>
+        <location line="+21"/>
+        <source>Разность частот</source>
+        <translation>Frequency difference</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Показать график разности частот; в меню — интервал измерения</source>
+        <translation>Show the graph of frequency difference; the menu holds the measurement interval</translation>
+    </message>
+    <message>
+        <location line="+20"/>
+        <source>Проредить Min/Max</source>
+        <translation>Thin to Min/Max</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Показать наименьшие и наибольшие значения: не более 10000 точек на запись</source>
+        <translation>Show the smallest and largest values: at most 10000 points a record</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Час</source>
+        <translation>Hour</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Показать часовые значения</source>
+        <translation>Show hourly values</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Сутки</source>
+        <translation>Day</translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Показать суточные значения</source>
+        <translation>Show daily values</translation>
+    </message>
+    <message>
+        <location line="+15"/>
         <source>СКДО (ADEV)</source>
         <translation>ADEV</translation>
     </message>
     <message>
         <location line="+3"/>
-        <location line="+42"/>
+        <location line="+54"/>
         <source>Показать график</source>
         <translation>Show the graph</translation>
     </message>
     <message>
-        <location line="-24"/>
+        <location line="-30"/>
         <source>Девиация Аллана</source>
         <translation>Allan deviation</translation>
     </message>
     <message>
         <location line="+3"/>
-        <location line="+42"/>
+        <location line="+54"/>
         <source>Показать таблицу</source>
         <translation>Show the table</translation>
     </message>
     <message>
-        <location line="-24"/>
-        <location line="+21"/>
-        <location filename="../../src/table/selrectable_graphs.cpp" line="+182"/>
+        <location line="-30"/>
+        <location line="+27"/>
+        <location filename="../../src/table/selrectable_graphs.cpp" line="+183"/>
         <source>Спектр фазы</source>
         <translation>Phase spectrum</translation>
     </message>
@@ -1153,7 +1760,7 @@ Check the file or choose another template.</translation>
         <translation>Table of phase and frequency differences and drift</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable.cpp" line="+148"/>
+        <location filename="../../src/table/selrectable.cpp" line="+149"/>
         <source>Записей нет.
 Нажмите «Добавить запись» и выберите файл измерений,
 или перетащите файл сюда.</source>
@@ -1199,6 +1806,11 @@ Larger deviations are replaced while processing. 0 means no limit, and so does 1
         <translation>Keep the time gap</translation>
     </message>
     <message>
+        <location line="+3"/>
+        <source>Настроить</source>
+        <translation>Other...</translation>
+    </message>
+    <message>
         <location filename="../../src/table/selrectable_graphs.cpp" line="-118"/>
         <source>Собственная форма программы: при малых m её значения ниже, чем у общепринятой
 PDEV (на 18, 11 и 4 % при m = 2, 4 и 8 для белого фазового шума)</source>
@@ -1236,7 +1848,7 @@ PDEV (на 18, 11 и 4 % при m = 2, 4 и 8 для белого фазовог
         <translation>Table of frequency and drift</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable_process.cpp" line="+121"/>
+        <location filename="../../src/table/selrectable_process.cpp" line="+122"/>
         <source>Следующие записи были исключены из обработки:
 </source>
         <translation>These records were left out of the processing:
@@ -1248,7 +1860,7 @@ PDEV (на 18, 11 и 4 % при m = 2, 4 и 8 для белого фазовог
         <translation>Too few points!</translation>
     </message>
     <message>
-        <location line="+73"/>
+        <location line="+74"/>
         <source>Применение лимитов на разность частот и изменение разности частот
 возможно только для статических записей.
 Динамически обновляемые записи будут обработаны без учета лимитов.
@@ -1311,7 +1923,7 @@ Switch live updating off in the record table for detailed processing.</translati
     </message>
     <message>
         <location line="+3"/>
-        <location filename="../../src/table/selrectable_pairs.cpp" line="+81"/>
+        <location filename="../../src/table/selrectable_pairs.cpp" line="+82"/>
         <source>Выбранные записи не пересекаются по времени!</source>
         <translation>The chosen records do not overlap in time!</translation>
     </message>
@@ -1351,7 +1963,7 @@ Perhaps the signals of one of them should be swapped?</translation>
     </message>
     <message>
         <location line="+12"/>
-        <source>Записи должны быть сделаны для одинаковых сигналов!</source>
+        <source>Записи должны быть сделны для одинаковых сигналов!</source>
         <translation>The records must be of the same signals!</translation>
     </message>
     <message>
@@ -1360,7 +1972,7 @@ Perhaps the signals of one of them should be swapped?</translation>
         <translation>Go on merging?</translation>
     </message>
     <message>
-        <location line="+22"/>
+        <location line="+25"/>
         <source>Между записями слишком большой разрыв по фазе!
 Сдвинуть фазу во второй записи?</source>
         <translation>The phase jump between the records is too large!
@@ -1407,6 +2019,70 @@ the table already holds its largest number of records, </translation>
     </message>
 </context>
 <context>
+    <name>SeriesGraph</name>
+    <message>
+        <location filename="../../src/plot/seriesgraph.cpp" line="+21"/>
+        <source>Разность частот. </source>
+        <translation>Frequency difference. </translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>Разность фаз. </source>
+        <translation>Phase difference. </translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>Кросс-обработка. </source>
+        <translation>Cross processing. </translation>
+    </message>
+    <message>
+        <location line="+3"/>
+        <source>Интервал измерения %1 с</source>
+        <translation>Measurement interval %1 s</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>Часовые графики</source>
+        <translation>Hourly graphs</translation>
+    </message>
+    <message>
+        <location line="+0"/>
+        <source>. Интервал измерения 1 час</source>
+        <translation>. Measurement interval 1 hour</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Суточные графики</source>
+        <translation>Daily graphs</translation>
+    </message>
+    <message>
+        <location line="+1"/>
+        <source>. Интервал измерения 1 сутки</source>
+        <translation>. Measurement interval 1 day</translation>
+    </message>
+    <message>
+        <location line="+4"/>
+        <location line="+1"/>
+        <source>Мин/Макс</source>
+        <translation>Min/Max</translation>
+    </message>
+    <message>
+        <location line="+7"/>
+        <source>Время, ч</source>
+        <translation>Time, h</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Время, сут.</source>
+        <translation>Time, days</translation>
+    </message>
+    <message>
+        <location line="+4"/>
+        <source>Время, с</source>
+        <translation>Time, s</translation>
+    </message>
+</context>
+<context>
     <name>SpectrumGraph</name>
     <message>
         <location filename="../../src/plot/spectrumgraph.cpp" line="+17"/>
@@ -1417,7 +2093,7 @@ the table already holds its largest number of records, </translation>
 <context>
     <name>StabilityGraph</name>
     <message>
-        <location filename="../../src/plot/stabilitygraph.cpp" line="+21"/>
+        <location filename="../../src/plot/stabilitygraph.cpp" line="+22"/>
         <source>. Дрейф искл.</source>
         <translation>. Drift removed.</translation>
     </message>
@@ -1430,6 +2106,11 @@ the table already holds its largest number of records, </translation>
         <location line="+2"/>
         <source>. Кросс-обработка.</source>
         <translation>. Cross processing.</translation>
+    </message>
+    <message>
+        <location line="+6"/>
+        <source>. tau от %1 до %2 с</source>
+        <translation>. tau from %1 to %2 s</translation>
     </message>
     <message>
         <location line="+6"/>
@@ -1453,6 +2134,29 @@ the table already holds its largest number of records, </translation>
         <location line="+1"/>
         <source>Название</source>
         <translation>Name</translation>
+    </message>
+</context>
+<context>
+    <name>StaticPhaseForm</name>
+    <message>
+        <location filename="../../src/plot/staticphaseform.cpp" line="+133"/>
+        <source>  (день %1 из %2)</source>
+        <translation>  (day %1 of %2)</translation>
+    </message>
+    <message>
+        <location line="+8"/>
+        <source>Выбор дня. Клавиши: стрелки и PageUp, PageDown – на день, Home и End – в начало и в конец</source>
+        <translation>Choice of the day. Keys: arrows, PageUp and PageDown by one day, Home and End to the first and the last</translation>
+    </message>
+    <message>
+        <location line="+2"/>
+        <source>Выбор дня</source>
+        <translation>Choice of the day</translation>
+    </message>
+    <message>
+        <location line="+94"/>
+        <source>Время</source>
+        <translation>Time</translation>
     </message>
 </context>
 <context>
@@ -1547,7 +2251,7 @@ the table already holds its largest number of records, </translation>
 <context>
     <name>TrendTable</name>
     <message>
-        <location filename="../../src/table/core/trends.cpp" line="+166"/>
+        <location filename="../../src/table/core/trends.cpp" line="+175"/>
         <source>Название</source>
         <translation>Name</translation>
     </message>

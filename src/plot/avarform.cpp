@@ -146,6 +146,7 @@ void AvarForm::useForm(int index)
     const bool divided = sqrt2Action->isChecked();
     const std::vector<double>& values = divided ? data.ySqrt2Data : data.yData;
     curve(index)->setRawSamples(data.xData.data(), values.data(), int(data.xData.size()));
+    renewSubtraction(index);
     bars(index)->setSamples(divided ? m_barsSqrt2.value(index) : m_bars.value(index));
 }
 
@@ -188,7 +189,8 @@ void AvarForm::showAVAR(QwtPlotItem*, bool)
         return;
     const int index = shownCurve();
     if (visibleCount != 1 || index < 0) {
-        boxes()->hide(PlotBoxes::TopRight);
+        if (!hasCurveTexts())
+            PlotForm::leaveTextBox();
         setPlotTitle(QString());
         return;
     }
@@ -197,7 +199,15 @@ void AvarForm::showAVAR(QwtPlotItem*, bool)
     const QString html = stabilityTable(data.xData.data(), data.yData.data(), long(data.xData.size()),
         statisticHead(statisticOfAvarType(avarType), english), sqrt2Action->isChecked(), english);
     setPlotTitle(recordTitle(index));
-    boxes()->show(PlotBoxes::TopRight, QwtText(html, QwtText::RichText));
+    // Averages and trends, when asked for, keep the box.
+    if (!hasCurveTexts())
+        boxes()->show(PlotBoxes::TopRight, QwtText(html, QwtText::RichText));
+}
+
+void AvarForm::leaveTextBox()
+{
+    PlotForm::leaveTextBox();
+    showAVAR(nullptr, true);
 }
 
 void AvarForm::setCurveTitle(int index, const QString& title)
@@ -217,5 +227,6 @@ void AvarForm::retranslate()
 {
     PlotForm::retranslate();
     sqrt2Action->setText(tr("Делить на корень из 2"));
+    sqrt2Action->setToolTip(tr("Показать значения одного из двух одинаковых генераторов"));
     showAVAR(nullptr, true);
 }

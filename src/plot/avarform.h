@@ -56,6 +56,7 @@ signals:
 
 protected:
     void retranslate() override;
+    void leaveTextBox() override;
     ExportRequest exportRequest() const override;
 
 private:

@@ -39,6 +39,20 @@ void AxisZoomer::zoom(int offset)
     QwtPlotZoomer::zoom(offset);
 }
 
+void AxisZoomer::replace(const QRectF& area)
+{
+    if (depth() == 0) {
+        zoom(area);
+        return;
+    }
+    if (!m_plot->acceptsZoom(m_axis, area.normalized()))
+        return;
+    QStack<QRectF> stack = zoomStack();
+    stack.resize(depth() + 1);
+    stack.last() = area.normalized();
+    setZoomStack(stack, depth());
+}
+
 bool AxisZoomer::accept(QPolygon& points) const
 {
     const QRect area = points.boundingRect();

@@ -12,6 +12,8 @@ public:
 
     void zoom(const QRectF& area) override;
     void zoom(int offset) override;
+    /// Puts an area in place of the last step, or makes it the first one.
+    void replace(const QRectF& area);
     int depth() const { return int(zoomRectIndex()); }
     /// Forgets all steps; the range that is shown stays.
     void clearStack();

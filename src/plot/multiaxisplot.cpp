@@ -1,7 +1,10 @@
 #include "plot/multiaxisplot.h"
 
 #include "plot/axiszoomer.h"
+#include "plot/core/loglimits.h"
 #include "plot/plotscaledraw.h"
+#include "plot/safecurves.h"
+#include "plot/timescaleengine.h"
 
 #include <QPainter>
 #include <qwt_legend.h>
@@ -25,12 +28,10 @@ QwtScaleEngine* newEngine(MultiAxisPlot::Scale scale)
 {
     if (scale == MultiAxisPlot::Scale::Log10)
         return new QwtLogScaleEngine;
+    if (scale == MultiAxisPlot::Scale::Time)
+        return new TimeScaleEngine;
     return new QwtLinearScaleEngine;
 }
-
-/// What a logarithmic scale of the library can hold.
-constexpr double logLow = 1e-99;
-constexpr double logHigh = 1e99;
 
 /// The values that an axis must show, gathered point by point.
 class Extremes {
@@ -57,6 +58,11 @@ public:
         add(m_log && bar.minValue() > 0.0 ? std::max(bar.minValue(), 0.1 * middle) : bar.minValue());
     }
 
+    void add(const SafeCurve& curve, bool ofX)
+    {
+        m_interval = m_interval | (ofX ? curve.xRange(m_log) : curve.yRange(m_log));
+    }
+
     QwtInterval interval() const { return m_interval; }
 
 private:
@@ -66,7 +72,10 @@ private:
 
 void gather(const QwtPlotItem& item, Extremes& xs, Extremes& ys)
 {
-    if (const auto* curve = dynamic_cast<const QwtPlotCurve*>(&item)) {
+    if (const auto* safe = dynamic_cast<const SafeCurve*>(&item)) {
+        xs.add(*safe, true);
+        ys.add(*safe, false);
+    } else if (const auto* curve = dynamic_cast<const QwtPlotCurve*>(&item)) {
         for (size_t i = 0; i < curve->dataSize(); ++i) {
             const QPointF point = curve->sample(i);
             xs.add(point.x());
@@ -209,7 +218,7 @@ void MultiAxisPlot::setAxisScaleType(int number, Scale scale)
         return;
     axis.scale = scale;
     axis.engine.reset(newEngine(scale));
-    const bool usable = scale == Scale::Linear || axis.range.min > 0.0;
+    const bool usable = scale != Scale::Log10 || axis.range.min > 0.0;
     setRange(axis, usable ? axis.range.min : 1.0, usable ? axis.range.max : 10.0);
     updateScales();
 }

@@ -25,7 +25,8 @@ public:
     static constexpr int yAxisCount = 12;
     static constexpr int bottomAxis = 20;
 
-    enum class Scale { Linear, Log10 };
+    /// Time: linear in seconds, with ticks on whole minutes, hours and days.
+    enum class Scale { Linear, Log10, Time };
 
     explicit MultiAxisPlot(QWidget* parent = nullptr);
     ~MultiAxisPlot() override;
@@ -72,8 +73,15 @@ public:
     bool zoomEnabled() const { return m_zoom; }
     /// x and y of `area` are values; y belongs to the axis given.
     void zoomTo(int axis, const QRectF& area);
+    /// As zoomTo, but in place of the last step of zooming, when there is one.
+    void moveZoom(int axis, const QRectF& area);
     void zoomBack(int axis);
     int zoomDepth(int axis) const;
+    /// Undoes all steps of all axes, or of one.
+    void zoomHome();
+    void zoomHome(int axis);
+    /// The range that an axis has without zooming.
+    QwtInterval homeInterval(int axis) const;
     /// Empties all stacks; ranges stay as they are.
     void resetZoom();
 
@@ -135,6 +143,7 @@ private:
     void aboutToZoom(int axis);
     void applyZoom(int axis, const QRectF& area);
     void applyHome(int axis);
+    const AxisZoomer* zoomed() const;
 
     std::array<Axis, yAxisCount + 1> m_axes; ///< the bottom axis stands last
     std::array<AxisZoomer*, yAxisCount> m_zoomers{};

@@ -37,6 +37,39 @@ void MultiAxisPlot::zoomBack(int axis)
         m_zoomers[size_t(axis)]->zoom(-1);
 }
 
+void MultiAxisPlot::moveZoom(int axis, const QRectF& area)
+{
+    if (isYAxis(axis))
+        m_zoomers[size_t(axis)]->replace(area);
+}
+
+void MultiAxisPlot::zoomHome()
+{
+    for (int axis = 0; axis < yAxisCount; ++axis)
+        zoomHome(axis);
+}
+
+void MultiAxisPlot::zoomHome(int axis)
+{
+    if (zoomDepth(axis) > 0)
+        m_zoomers[size_t(axis)]->zoom(0);
+}
+
+QwtInterval MultiAxisPlot::homeInterval(int axis) const
+{
+    const bool moved = isYAxis(axis) ? zoomDepth(axis) > 0 : zoomed() != nullptr;
+    const Range& range = moved ? axisAt(axis).home : axisAt(axis).range;
+    return {range.min, range.max};
+}
+
+/// The first axis that is zoomed; null for none.
+const AxisZoomer* MultiAxisPlot::zoomed() const
+{
+    const auto found = std::find_if(
+        m_zoomers.begin(), m_zoomers.end(), [](const AxisZoomer* zoomer) { return zoomer->depth() > 0; });
+    return found == m_zoomers.end() ? nullptr : *found;
+}
+
 int MultiAxisPlot::zoomDepth(int axis) const
 {
     return isYAxis(axis) ? m_zoomers[size_t(axis)]->depth() : 0;
@@ -50,17 +83,15 @@ void MultiAxisPlot::resetZoom()
 
 bool MultiAxisPlot::acceptsZoom(int axis, const QRectF& area) const
 {
-    const bool xFits = axisAt(bottomAxis).scale == Scale::Linear || area.left() > 0.0;
-    const bool yFits = axisAt(axis).scale == Scale::Linear || area.top() > 0.0;
+    const bool xFits = axisAt(bottomAxis).scale != Scale::Log10 || area.left() > 0.0;
+    const bool yFits = axisAt(axis).scale != Scale::Log10 || area.top() > 0.0;
     return xFits && yFits && wideEnough(area.left(), area.right()) && wideEnough(area.top(), area.bottom());
 }
 
 void MultiAxisPlot::aboutToZoom(int axis)
 {
     axisAt(axis).home = axisAt(axis).range;
-    const bool first = std::all_of(
-        m_zoomers.begin(), m_zoomers.end(), [](const AxisZoomer* zoomer) { return zoomer->depth() == 0; });
-    if (first)
+    if (!zoomed())
         axisAt(bottomAxis).home = axisAt(bottomAxis).range;
 }
 
@@ -79,10 +110,8 @@ void MultiAxisPlot::applyHome(int axis)
     };
     restore(axis, axisAt(axis).home);
     // The bottom axis is shared: it stays with another axis that is still zoomed.
-    const auto zoomed = std::find_if(
-        m_zoomers.begin(), m_zoomers.end(), [](const AxisZoomer* zoomer) { return zoomer->depth() > 0; });
-    if (zoomed != m_zoomers.end())
-        setAxisScale(bottomAxis, (*zoomed)->zoomRect().left(), (*zoomed)->zoomRect().right());
+    if (const AxisZoomer* other = zoomed())
+        setAxisScale(bottomAxis, other->zoomRect().left(), other->zoomRect().right());
     else
         restore(bottomAxis, axisAt(bottomAxis).home);
     replot();

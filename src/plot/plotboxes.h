@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPolygonF>
+#include <QRect>
 #include <QVector>
 
 #include <array>
@@ -12,7 +13,8 @@ class QwtText;
 class QwtTextLabel;
 
 /// The three text boxes on the canvas of a graph. They keep 10 pixels from their corner, stay inside the
-/// canvas at any size, and let the mouse through.
+/// canvas at any size, and let the mouse through. Where there is no room for all of them, the lower right one
+/// moves up, and the letters become smaller.
 class PlotBoxes : public QObject {
     Q_OBJECT
 public:
@@ -29,6 +31,9 @@ public:
     /// corner when its own is taken and another one is not.
     void setObstacles(std::function<QVector<QPolygonF>()> obstacles) { m_obstacles = std::move(obstacles); }
 
+    /// Draws what else stands on the canvas into another picture, after the boxes.
+    void setFurther(std::function<void(QPainter*, const QRectF&)> further) { m_further = std::move(further); }
+
     /// Puts the boxes where they belong; to be called when the picture below them has changed.
     void place();
     /// Draws the visible boxes into another picture of the canvas.
@@ -38,11 +43,19 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct Places {
+        std::array<QRect, count> rects;
+        bool fit = true; ///< nothing is cut off or covered
+    };
+
     QRect rectOf(Box box, Qt::Corner corner, const QRect& canvas) const;
-    Qt::Corner cornerOf(Box box, const QRect& canvas) const;
-    Qt::Corner freeCorner(const QRect& canvas) const;
+    QVector<QPolygonF> obstaclesOn(const QRect& canvas) const;
+    QRect freeRect(const QRect& canvas, const QVector<QRect>& taken) const;
+    Places arrange(const QRect& canvas) const;
+    void setFontSize(int pixels);
 
     QWidget* m_canvas;
     std::array<QwtTextLabel*, count> m_labels{};
     std::function<QVector<QPolygonF>()> m_obstacles;
+    std::function<void(QPainter*, const QRectF&)> m_further;
 };

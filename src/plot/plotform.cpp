@@ -75,6 +75,9 @@ PlotForm::PlotForm(int* number, QWidget* parent)
 
     buildPlot();
     buildMarkers();
+    buildStrip();
+    buildDialogs();
+    buildNavigation();
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
@@ -146,11 +149,12 @@ void PlotForm::buildMarkers()
         m_plot->attach(marker, currentAxis);
 }
 
-QAction* PlotForm::addCommand(QMenu* menu, const char* icon, void (PlotForm::*slot)())
+QAction* PlotForm::addCommand(
+    QMenu* menu, const char* icon, void (PlotForm::*slot)(), const char* text, const char* tip)
 {
     QAction* action = menu->addAction(QIcon(QString::fromLatin1(icon)), QString());
-    if (slot)
-        connect(action, &QAction::triggered, this, slot);
+    connect(action, &QAction::triggered, this, slot);
+    m_commands.append({action, text, tip});
     return action;
 }
 
@@ -159,23 +163,51 @@ void PlotForm::buildMenus()
     m_optionsMenu = m_menuBar->addMenu(QString());
     m_toolsMenu = m_menuBar->addMenu(QString());
     m_processMenu = m_menuBar->addMenu(QString());
-    QAction* save = addCommand(m_optionsMenu, ":/bmp/bmp/SAVE.png", &PlotForm::saveImage);
-    QAction* print = addCommand(m_optionsMenu, ":/bmp/bmp/PRT-UP.BMP", &PlotForm::printImage);
+    QAction* save = addCommand(m_optionsMenu, ":/bmp/bmp/SAVE.png", &PlotForm::saveImage,
+        QT_TR_NOOP("Сохранить"), QT_TR_NOOP("Записать изображение графика в файл"));
+    QAction* print = addCommand(m_optionsMenu, ":/bmp/bmp/PRT-UP.BMP", &PlotForm::printImage,
+        QT_TR_NOOP("Печать"), QT_TR_NOOP("Напечатать график"));
+    addCommand(m_optionsMenu, "", &PlotForm::previewPrint, QT_TR_NOOP("Предварительный просмотр"),
+        QT_TR_NOOP("Показать страницу такой, какой она будет напечатана"));
+    QAction* copy = addCommand(m_optionsMenu, "", &PlotForm::copyImage, QT_TR_NOOP("Копировать изображение"),
+        QT_TR_NOOP("Поместить изображение графика в буфер обмена"));
+    addCommand(m_optionsMenu, ":/bmp/bmp/properties.png", &PlotForm::openProperty,
+        QT_TR_NOOP("Свойства графика"), QT_TR_NOOP("Изменить вид линий и маркеров и границы осей"));
+    addCommand(m_optionsMenu, ":/bmp/bmp/comment.png", &PlotForm::showCommentDialog,
+        QT_TR_NOOP("Вставить комментарий"), QT_TR_NOOP("Поместить на график текст"));
+    addCommand(m_optionsMenu, "", &PlotForm::exportASCII, QT_TR_NOOP("Экспорт в ASCII"),
+        QT_TR_NOOP("Записать показанные точки таблицей в текстовый файл"));
     save->setShortcut(QKeySequence::Save);
     print->setShortcut(QKeySequence::Print);
-    QAction* properties = addCommand(m_optionsMenu, "", nullptr);
-    QAction* comment = addCommand(m_optionsMenu, "", nullptr);
-    QAction* ascii = addCommand(m_optionsMenu, "", &PlotForm::exportASCII);
-    m_markerAction = addCommand(m_toolsMenu, "", &PlotForm::setMarkerMode);
-    m_zoomAction = addCommand(m_toolsMenu, "", &PlotForm::setZoomMode);
-    QAction* period = addCommand(m_toolsMenu, "", nullptr);
-    m_boundsAction = addCommand(m_processMenu, ":/bmp/bmp/Cut.png", nullptr);
-    QAction* newRecord = addCommand(m_processMenu, "", nullptr);
+    copy->setShortcut(QKeySequence::Copy);
+    buildTools();
+    m_boundsAction = addCommand(m_processMenu, ":/bmp/bmp/Cut.png", &PlotForm::setOtmetMode,
+        QT_TR_NOOP("Отметить границы"), QT_TR_NOOP("Отметить двумя нажатиями начало и конец участка"));
+    m_newRecordAction =
+        addCommand(m_processMenu, "", &PlotForm::saveNewRec, QT_TR_NOOP("Сохранить как новую запись"),
+            QT_TR_NOOP("Вырезать отмеченный участок показанных записей в новые записи"));
+    connect(m_processMenu, &QMenu::aboutToShow, this,
+        [this] { m_newRecordAction->setEnabled(selectionState == 2 && curveCount > 0); });
     for (QAction* action : {m_markerAction, m_zoomAction, m_boundsAction})
         action->setCheckable(true);
-    // These stay out of sight until the panels and commands behind them exist.
-    for (QAction* action : {properties, comment, period, m_boundsAction, newRecord})
-        action->setVisible(false);
+    for (QMenu* menu : {m_optionsMenu, m_toolsMenu, m_processMenu, m_axisMenu})
+        menu->setToolTipsVisible(true);
+}
+
+void PlotForm::buildTools()
+{
+    m_markerAction = addCommand(m_toolsMenu, "", &PlotForm::setMarkerMode, QT_TR_NOOP("Маркер"),
+        QT_TR_NOOP("Нажмите и тяните по графику, чтобы измерить расстояние между точками"));
+    m_zoomAction = addCommand(m_toolsMenu, "", &PlotForm::setZoomMode, QT_TR_NOOP("Масштаб"),
+        QT_TR_NOOP("Обведите область, чтобы увеличить её; правая кнопка возвращает назад"));
+    m_periodAction = addCommand(m_toolsMenu, "", &PlotForm::showZoomDialog,
+        QT_TR_NOOP("Задать интервал времени"), QT_TR_NOOP("Показать данные между двумя моментами времени"));
+    QAction* whole = addCommand(m_toolsMenu, "", &PlotForm::showWhole, QT_TR_NOOP("Показать всё"),
+        QT_TR_NOOP("Отменить все изменения масштаба (двойное нажатие на графике)"));
+    QAction* undo = addCommand(m_toolsMenu, "", &PlotForm::undoZoom, QT_TR_NOOP("Предыдущий масштаб"),
+        QT_TR_NOOP("Отменить последнее изменение масштаба"));
+    whole->setShortcut(Qt::CTRL + Qt::Key_0);
+    undo->setShortcut(Qt::Key_Backspace);
 
     m_axisMenu = m_toolsMenu->addMenu(QString());
     m_axisGroup = new QActionGroup(this);
@@ -189,13 +221,6 @@ void PlotForm::buildMenus()
     connect(m_axisGroup, &QActionGroup::triggered, this, &PlotForm::CurAxisChenged);
     m_toolsMenu->installEventFilter(this);
     SetAxisNum(axisCount);
-
-    m_actionTexts = {{save, QT_TR_NOOP("Сохранить")}, {print, QT_TR_NOOP("Печать")},
-        {properties, QT_TR_NOOP("Свойства графика")}, {comment, QT_TR_NOOP("Вставить комментарий")},
-        {ascii, QT_TR_NOOP("Экспорт в ASCII")}, {m_markerAction, QT_TR_NOOP("Маркер")},
-        {m_zoomAction, QT_TR_NOOP("Масштаб")}, {period, QT_TR_NOOP("Задать интервал времени")},
-        {m_boundsAction, QT_TR_NOOP("Отметить границы")},
-        {newRecord, QT_TR_NOOP("Сохранить как новую запись")}};
 }
 
 void PlotForm::retranslate()
@@ -204,17 +229,23 @@ void PlotForm::retranslate()
     m_toolsMenu->setTitle(tr("&Инструменты"));
     m_processMenu->setTitle(tr("О&бработка"));
     m_axisMenu->setTitle(tr("Ось"));
-    for (const auto& [action, text] : m_actionTexts)
-        action->setText(tr(text));
+    for (const Command& command : qAsConst(m_commands)) {
+        command.action->setText(tr(command.text));
+        command.action->setToolTip(tr(command.tip));
+    }
     const QList<QAction*> axes = m_axisGroup->actions();
     for (int i = 0; i < axes.size(); ++i)
         axes[i]->setText(tr("Ось #") + QString::number(i + 1));
+    for (QAction* axis : axes)
+        axis->setToolTip(tr("Ось, по которой работают маркеры и масштаб"));
     if (m_title)
         setWindowTitle(m_title());
     for (const auto& [axis, text] : m_axisTitles)
         m_plot->setAxisTitle(axis, text());
     for (int i = 0; i < curveCount; ++i)
         setCurveTitle(i, m_slots[size_t(i)]->curve.title().text());
+    if (hasCurveTexts())
+        showTextBox(m_plainHeads);
 }
 
 void PlotForm::setTitleSource(Text text)
@@ -244,10 +275,11 @@ void PlotForm::setStatusText(const QString& text)
 
 void PlotForm::elideStatus()
 {
+    const QString& text = m_status.isEmpty() ? m_hover : m_status;
     const int room = m_statusLabel->width() - 2 * m_statusLabel->margin();
-    const QString shown = m_statusLabel->fontMetrics().elidedText(m_status, Qt::ElideMiddle, room);
+    const QString shown = m_statusLabel->fontMetrics().elidedText(text, Qt::ElideMiddle, room);
     m_statusLabel->setText(shown);
-    m_statusLabel->setToolTip(shown == m_status ? QString() : plainToolTip(m_status));
+    m_statusLabel->setToolTip(shown == text ? QString() : plainToolTip(text));
 }
 
 void PlotForm::replot()
@@ -280,7 +312,11 @@ void PlotForm::changeEvent(QEvent* event)
 
 bool PlotForm::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_toolsMenu && event->type() == QEvent::Show)
+    if (watched == m_toolsMenu && event->type() == QEvent::Show) {
         m_axisMenu->menuAction()->setVisible(m_usedAxes.size() > 1);
+        m_periodAction->setVisible(hasTimeAxis());
+    }
+    if (watched == m_plot->canvas() && event->type() == QEvent::Leave)
+        setHover(QString());
     return QWidget::eventFilter(watched, event);
 }

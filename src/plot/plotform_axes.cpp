@@ -50,6 +50,13 @@ void PlotForm::listAxis(int axis)
     colorAxes();
 }
 
+void PlotForm::clearAxes()
+{
+    for (const int axis : qAsConst(m_usedAxes))
+        m_plot->enableAxis(axis, false);
+    m_usedAxes.clear();
+}
+
 void PlotForm::colorAxes()
 {
     for (const int axis : qAsConst(m_usedAxes))
@@ -75,6 +82,9 @@ void PlotForm::setCurrentAxis(int axis)
     clearMarkers();
     for (QwtPlotMarker* marker : {m_x1.get(), m_y1.get(), m_x2.get(), m_y2.get()})
         m_plot->attach(marker, axis);
+    // The height of the strip is one of the axis before.
+    clearSelection();
+    m_plot->attach(m_strip.get(), axis);
     colorAxes();
     replot();
 }

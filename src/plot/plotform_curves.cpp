@@ -3,16 +3,19 @@
 #include "plot/multiaxisplot.h"
 #include "plot/plotboxes.h"
 #include "plot/plotslot.h"
-#include "prompt/guard.h"
-#include "stats/fits.h"
-#include "stats/plainstats.h"
 
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
 #include <qwt_plot_marker.h>
 
 #include <algorithm>
-#include <vector>
+
+namespace {
+
+/// Width of the columns, in pixels, in which the boxes see a curve.
+constexpr double obstacleColumn = 4.0;
+
+} // namespace
 
 QwtPlotCurve* PlotForm::curve(int index) const
 {
@@ -72,6 +75,19 @@ void PlotForm::attachCurve(int index, unsigned short axis)
     listAxis(axis);
 }
 
+void PlotForm::detachCurve(int index)
+{
+    if (index < 0 || index >= curveLimit)
+        return;
+    Slot& slot = *m_slots[size_t(index)];
+    slot.curve.detach();
+    slot.bars.detach();
+    for (QwtPlotCurve* line : {slot.average.get(), slot.trend.get()}) {
+        if (line)
+            line->detach();
+    }
+}
+
 void PlotForm::syncLegend()
 {
     const auto* legend = qobject_cast<QwtLegend*>(m_plot->legend());
@@ -110,12 +126,7 @@ QVector<QPolygonF> PlotForm::visibleLines() const
         if (!slot.visible)
             continue;
         const QwtScaleMap yMap = m_plot->axisMap(slot.axis);
-        QPolygonF line;
-        for (size_t k = 0; k < slot.curve.dataSize(); ++k) {
-            const QPointF point = slot.curve.sample(int(k));
-            line << QPointF(xMap.transform(point.x()), yMap.transform(point.y()));
-        }
-        lines << line;
+        lines << slot.curve.outlines(xMap, yMap, obstacleColumn);
         for (size_t k = 0; k < slot.bars.dataSize(); ++k) {
             const QwtIntervalSample bar = slot.bars.sample(k);
             const double x = xMap.transform(bar.value);
@@ -144,76 +155,4 @@ QVector<QPolygonF> PlotForm::markerLabels() const
             labels << QPolygonF(QRectF(QPointF(canvas.right() - size.width(), y - size.height()), size));
     }
     return labels;
-}
-
-/// Draws the straight line that stands for an average or a trend, from the first to the last of `points`.
-void PlotForm::putLine(
-    int index, std::unique_ptr<QwtPlotCurve>& line, double y0, double y1, long points, Qt::PenStyle style)
-{
-    Slot& slot = *m_slots[size_t(index)];
-    if (!line)
-        line = std::make_unique<SafeCurve>();
-    const double xs[] = {slot.curve.sample(0).x(), slot.curve.sample(int(points) - 1).x()};
-    const double ys[] = {y0, y1};
-    line->setSamples(xs, ys, 2);
-    const QColor color = slot.pen.color();
-    const QColor complement(255 - color.red(), 255 - color.green(), 255 - color.blue());
-    line->setPen(complement, slot.curve.pen().widthF() + 1.0, style);
-    line->setLegendAttribute(QwtPlotCurve::LegendShowLine);
-    line->setLegendIconSize(slot.curve.legendIconSize());
-    m_plot->attach(line.get(), slot.axis);
-    setCurveTitle(index, slot.curve.title().text());
-    replot();
-}
-
-void PlotForm::showTrend(int index)
-{
-    if (!known(index) || m_slots[size_t(index)]->curve.dataSize() < 2)
-        return;
-    Slot& slot = *m_slots[size_t(index)];
-    runGuarded("PlotForm showTrend", [&] {
-        std::vector<double> xs;
-        std::vector<double> ys;
-        double steps = 0.0;
-        long stepCount = 0;
-        for (int i = 0; i < int(slot.curve.dataSize()); ++i) {
-            const QPointF point = slot.curve.sample(i);
-            if (i >= 2 && point.x() == xs[size_t(i) - 2])
-                break;
-            if (i >= 2 && point.x() > xs[size_t(i) - 1]) {
-                steps += point.x() - xs[size_t(i) - 1];
-                ++stepCount;
-            }
-            xs.push_back(point.x());
-            ys.push_back(point.y());
-        }
-        const long n = long(xs.size());
-        // Two points leave the slope unwritten: the line then lies at zero.
-        double slope = 0.0;
-        const double intercept = Trend(n, xs.data(), ys.data(), &slope);
-        const double step = stepCount ? steps / double(stepCount) : 0.0;
-        putLine(index, slot.trend, intercept, intercept + (xs.back() - xs.front()) * slope, n, Qt::DashLine);
-        const double perStep = (step > 0.0 ? step : interval) * slope;
-        slot.text = slot.text.left(11) + QString::number(perStep, 'e', 2).leftJustified(10, ' ', true);
-    });
-}
-
-void PlotForm::showAver(int index)
-{
-    if (!known(index) || m_slots[size_t(index)]->curve.dataSize() <= 3)
-        return;
-    Slot& slot = *m_slots[size_t(index)];
-    runGuarded("PlotForm showAver", [&] {
-        std::vector<double> ys;
-        // Most graphs begin at X = 0, so the first two points are taken whatever their X.
-        for (int i = 0; i < int(slot.curve.dataSize()); ++i) {
-            const QPointF point = slot.curve.sample(i);
-            if (i >= 2 && (point.x() == slot.curve.sample(i - 2).x() || point.x() == 0.0))
-                break;
-            ys.push_back(point.y());
-        }
-        const double mean = aver(long(ys.size()), ys.data());
-        putLine(index, slot.average, mean, mean, long(slot.curve.dataSize()), Qt::DashDotDotLine);
-        slot.text = QString::number(mean, 'e', 2).leftJustified(10, ' ', true) + slot.text.mid(10);
-    });
 }

@@ -1,5 +1,6 @@
 #include "plot/plotform.h"
 
+#include "base/globals.h"
 #include "base/language.h"
 #include "base/paths.h"
 #include "plot/core/tiff.h"
@@ -10,23 +11,26 @@
 #include "prompt/prompt.h"
 
 #include <QBuffer>
+#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QImage>
 #include <QLayout>
 #include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QSaveFile>
-#include <QScopeGuard>
 #include <QSvgGenerator>
 #include <QTextStream>
 #include <qwt_legend.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_layout.h>
+#include <qwt_text_label.h>
 
 #include <algorithm>
 
@@ -48,6 +52,29 @@ QString suffixOf(const QString& filter)
 {
     const auto match = QRegularExpression(QStringLiteral("\\(\\*\\.(\\w+)\\)")).match(filter);
     return match.captured(1);
+}
+
+/// What the dialogs of all graph windows remember while the program runs.
+struct LastExport {
+    bool folderKnown = false; ///< the global WorkFolder then holds it
+    QString filter;
+};
+
+LastExport& lastExport()
+{
+    static LastExport last;
+    return last;
+}
+
+QString exportFolder()
+{
+    return lastExport().folderKnown && WorkFolder.exists() ? WorkFolder.absolutePath() : paths::data();
+}
+
+void rememberFolder(const QString& file)
+{
+    WorkFolder = QFileInfo(file).absoluteDir();
+    lastExport().folderKnown = true;
 }
 
 QString withoutImageSuffix(const QString& file)
@@ -84,6 +111,48 @@ PlotForm::ImageFormat PlotForm::formatOf(const QString& suffix)
         {"tiff", ImageFormat::Tiff}, {"jpg", ImageFormat::Jpeg}, {"jpeg", ImageFormat::Jpeg}};
     return formats.value(suffix.toLower(), ImageFormat::None);
 }
+
+/// While it lives, the plot looks as it does in pictures: no check boxes, and the note below the title.
+class PlotForm::PictureScope {
+public:
+    explicit PictureScope(PlotForm& form)
+        : m_form(form)
+        , m_title(form.m_plot->title())
+    {
+        // A window that was never shown has not been laid out yet.
+        form.ensurePolished();
+        form.layout()->activate();
+        form.m_plot->updateLayout();
+        form.replot();
+        form.pictureLegend();
+        const QString note = form.m_pictureNote ? form.m_pictureNote() : QString();
+        if (note.isEmpty())
+            return;
+        const int before = titleHeight();
+        form.setPlotTitle(m_title.text().isEmpty() ? note : m_title.text() + '\n' + note);
+        form.m_noteHeight = titleHeight() - before;
+    }
+
+    ~PictureScope()
+    {
+        m_form.m_noteHeight = 0;
+        m_form.m_plot->setTitle(m_title);
+        m_form.screenLegend();
+    }
+
+    PictureScope(const PictureScope&) = delete;
+    PictureScope& operator=(const PictureScope&) = delete;
+
+private:
+    int titleHeight() const
+    {
+        const QwtTextLabel* label = m_form.m_plot->titleLabel();
+        return label->text().isEmpty() ? 0 : label->heightForWidth(m_form.m_plot->width());
+    }
+
+    PlotForm& m_form;
+    QwtText m_title;
+};
 
 /// The plot is not told when an item leaves the legend.
 void PlotForm::leaveLegend(QwtPlotItem& item)
@@ -128,7 +197,7 @@ QSize PlotForm::pictureSize() const
     const auto* legend = qobject_cast<const QwtLegend*>(m_plot->legend());
     const int full = legend->heightForWidth(std::min(legend->sizeHint().width(), m_plot->width()));
     const int more = legend->isEmpty() ? 0 : std::max(0, full - legend->height());
-    return m_plot->size() + QSize(2 * pictureMargin, 2 * pictureMargin + more);
+    return m_plot->size() + QSize(2 * pictureMargin, 2 * pictureMargin + more + m_noteHeight);
 }
 
 void PlotForm::render(QPainter* painter, const QRectF& rect)
@@ -183,17 +252,23 @@ QByteArray PlotForm::pdfImage()
     return painter.end() ? data : QByteArray();
 }
 
-QByteArray PlotForm::bitmapImage(ImageFormat format)
+QImage PlotForm::picture(double dpi)
 {
-    const QSize size = pictureSize() * bitmapDpi / m_plot->logicalDpiX();
-    QImage image(size, QImage::Format_RGB32);
+    QImage image(pictureSize() * dpi / m_plot->logicalDpiX(), QImage::Format_RGB32);
     if (image.isNull())
         return {};
-    image.setDotsPerMeterX(qRound(bitmapDpi * 1000.0 / mmPerInch));
-    image.setDotsPerMeterY(qRound(bitmapDpi * 1000.0 / mmPerInch));
+    image.setDotsPerMeterX(qRound(dpi * 1000.0 / mmPerInch));
+    image.setDotsPerMeterY(qRound(dpi * 1000.0 / mmPerInch));
     QPainter painter(&image);
     render(&painter, image.rect());
-    painter.end();
+    return image;
+}
+
+QByteArray PlotForm::bitmapImage(ImageFormat format)
+{
+    const QImage image = picture(bitmapDpi);
+    if (image.isNull())
+        return {};
     if (format == ImageFormat::Tiff) {
         // The library writes TIFF only with a plugin that a machine may lack.
         const QImage rgb = image.convertToFormat(QImage::Format_RGB888);
@@ -218,13 +293,7 @@ bool PlotForm::saveImageTo(const QString& file, QString* error)
             *error = curveCount < 1 ? tr("Нет ни одной кривой") : tr("Неизвестный формат изображения");
         return false;
     }
-    // A window that was never shown has not been laid out yet.
-    ensurePolished();
-    layout()->activate();
-    m_plot->updateLayout();
-    replot();
-    pictureLegend();
-    const auto restored = qScopeGuard([this] { screenLegend(); });
+    const PictureScope scope(*this);
     const bool vector = format == ImageFormat::Pdf || format == ImageFormat::Svg;
     const QByteArray data = vector ? vectorImage(format) : bitmapImage(format);
     if (data.isEmpty()) {
@@ -239,11 +308,13 @@ void PlotForm::saveImage()
 {
     if (curveCount < 1)
         return;
-    QString filter;
+    QString filter = lastExport().filter;
     const QString name = prompt::saveFile(
-        this, tr("Сохранить график"), paths::data(), QString::fromLatin1(imageFilter), &filter);
+        this, tr("Сохранить график"), exportFolder(), QString::fromLatin1(imageFilter), &filter);
     if (name.isEmpty())
         return;
+    lastExport().filter = filter;
+    rememberFolder(name);
     const QString file = withoutImageSuffix(name) + '.' + suffixOf(filter);
     // The dialog has asked about the name as it was typed.
     if (file != name && QFileInfo(file).isFile()
@@ -287,28 +358,56 @@ void PlotForm::restoreLook(const Look& look)
         m_slots[i]->curve.setPen(look.pens[i]);
 }
 
-void PlotForm::printImage()
+void PlotForm::copyImage()
 {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    printer.setDocName(m_plot->title().text().replace('\n', QStringLiteral(" -- ")));
-    printer.setCreator(windowTitle());
-    // The dialog writes numbers and dates the Russian way in both languages.
-    if (!prompt::print(this, &printer, QLocale(QLocale::Russian, QLocale::RussianFederation)))
+    if (curveCount < 1)
         return;
+    const PictureScope scope(*this);
+    QGuiApplication::clipboard()->setImage(picture(m_plot->logicalDpiX() * m_plot->devicePixelRatioF()));
+}
+
+void PlotForm::preparePrinter(QPrinter* printer) const
+{
+    printer->setPageOrientation(QPageLayout::Landscape);
+    printer->setDocName(m_plot->title().text().replace('\n', QStringLiteral(" -- ")));
+    printer->setCreator(windowTitle());
+}
+
+/// False when the printer cannot be written to.
+bool PlotForm::paintPage(QPrinter* printer)
+{
     const Look look = printLook();
-    pictureLegend();
     QPainter painter;
-    const bool begun = painter.begin(&printer);
+    const bool begun = painter.begin(printer);
     if (begun) {
-        const QSizeF paper(printer.width(), printer.height());
+        const PictureScope scope(*this);
+        const QSizeF paper(printer->width(), printer->height());
         render(&painter, QRectF(QPointF(), paper));
         painter.end();
     }
-    screenLegend();
     restoreLook(look);
     replot();
-    if (!begun)
+    return begun;
+}
+
+void PlotForm::previewPrint()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    preparePrinter(&printer);
+    QPrintPreviewDialog dialog(&printer, this);
+    dialog.setWindowTitle(tr("Предварительный просмотр"));
+    connect(&dialog, &QPrintPreviewDialog::paintRequested, this, &PlotForm::paintPage);
+    prompt::run(dialog);
+}
+
+void PlotForm::printImage()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    preparePrinter(&printer);
+    // The dialog writes numbers and dates the Russian way in both languages.
+    if (!prompt::print(this, &printer, QLocale(QLocale::Russian, QLocale::RussianFederation)))
+        return;
+    if (!paintPage(&printer))
         prompt::message(this, QMessageBox::Warning, tr("Печать"), tr("Не удалось напечатать график."));
 }
 
@@ -327,12 +426,11 @@ ExportRequest PlotForm::exportRequest() const
         const Slot& slot = *m_slots[size_t(i)];
         if (!slot.visible)
             continue;
+        const PlotPoints points = pointsOf(i);
         ExportColumn column;
-        column.title = slot.curve.title().text();
-        for (size_t k = 0; k < slot.curve.dataSize(); ++k) {
-            column.x << slot.curve.sample(int(k)).x();
-            column.y << slot.curve.sample(int(k)).y();
-        }
+        column.title = points.title;
+        column.x = points.x;
+        column.y = points.y;
         request.columns << column;
     }
     return request;
@@ -355,7 +453,9 @@ bool PlotForm::exportASCIITo(const QString& file)
 void PlotForm::exportASCII()
 {
     const QString file = prompt::saveFile(
-        this, tr("Сохранить таблицу"), paths::data() + QStringLiteral("/table.txt"), QString());
-    if (!file.isEmpty())
-        exportASCIITo(file);
+        this, tr("Сохранить таблицу"), exportFolder() + QStringLiteral("/table.txt"), QString());
+    if (file.isEmpty())
+        return;
+    rememberFolder(file);
+    exportASCIITo(file);
 }

@@ -1,21 +1,19 @@
 #include "plot/plotform.h"
 
 #include "base/language.h"
-#include "plot/core/valuetable.h"
+#include "plot/core/betweenmarkers.h"
+#include "plot/grafoptions.h"
 #include "plot/multiaxisplot.h"
 #include "plot/plotboxes.h"
 #include "plot/plotslot.h"
-#include "record/calendar.h"
 
 #include <QAction>
 #include <QMouseEvent>
 #include <qwt_plot_marker.h>
 
-#include <algorithm>
-#include <cmath>
-
 void PlotForm::setMarkerMode()
 {
+    leaveSelectionMode();
     m_markerAction->setChecked(true);
     m_zoomAction->setChecked(false);
     m_boundsAction->setChecked(false);
@@ -24,6 +22,7 @@ void PlotForm::setMarkerMode()
 
 void PlotForm::setZoomMode()
 {
+    leaveSelectionMode();
     m_zoomAction->setChecked(true);
     m_markerAction->setChecked(false);
     m_boundsAction->setChecked(false);
@@ -40,110 +39,125 @@ bool PlotForm::canvasValue(const QPoint& pos, QPointF* value) const
         && m_plot->axisInterval(currentAxis).contains(value->y());
 }
 
-QString PlotForm::markerTime(double x) const
+MarkerTexts PlotForm::markerTexts() const
 {
-    // Beyond this no calendar reaches, and a whole number soon no longer either.
-    x = std::clamp(x, -1e12, 1e12);
-    if (isDayPlot) {
-        int year = 0;
-        int month = 0;
-        int day = 0;
-        MjdToDate(static_cast<long>(std::floor(x)), &year, &month, &day);
-        return QDate(year, month, day).toString(QStringLiteral("dd.MM.yy"));
+    return {isHourPlot, isDayPlot, xAxisKind == 1, language::isEnglish(), startTime};
+}
+
+PlotPoints PlotForm::pointsOf(int index) const
+{
+    const QwtPlotCurve& line = m_slots[size_t(index)]->curve;
+    const int count = int(line.dataSize());
+    PlotPoints points;
+    points.title = line.title().text();
+    points.x.reserve(count);
+    points.y.reserve(count);
+    for (int k = 0; k < count; ++k) {
+        const QPointF point = line.sample(k);
+        points.x << point.x();
+        points.y << point.y();
     }
-    const double seconds = isHourPlot ? x * 3600.0 : x;
-    return startTime.addMSecs(static_cast<qint64>(seconds * 1000.0))
-        .toString(QStringLiteral("hh:mm:ss dd.MM.yy"));
+    return points;
 }
 
 void PlotForm::clearMarkers()
 {
     for (QwtPlotMarker* marker : {m_x1.get(), m_y1.get(), m_x2.get(), m_y2.get()})
         marker->setVisible(false);
+    m_boxes->hide(PlotBoxes::BottomLeft);
+    m_boxes->hide(PlotBoxes::BottomRight);
     m_pressed = false;
     setStatusText(QString());
+}
+
+void PlotForm::placeMarker(const QPointF& value, QwtPlotMarker& vertical, QwtPlotMarker& horizontal)
+{
+    vertical.setXValue(value.x());
+    horizontal.setYValue(value.y());
+    vertical.setVisible(true);
+    horizontal.setVisible(true);
 }
 
 void PlotForm::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
-    if (!m_markerAction->isChecked())
-        return;
-    if (event->button() == Qt::RightButton) {
+    QPointF value;
+    const bool inside = canvasValue(event->pos(), &value);
+    const bool marking = m_boundsAction->isChecked();
+    if (event->button() == Qt::MiddleButton && inside) {
+        m_panning = true;
+        m_panPos = event->pos();
+        m_panBegun = false;
+    } else if (event->button() == Qt::RightButton && (marking || m_markerAction->isChecked())) {
+        if (marking)
+            clearSelection();
         clearMarkers();
         replot();
-        return;
+    } else if (event->button() == Qt::LeftButton && inside && marking) {
+        markBoundary(value);
+    } else if (event->button() == Qt::LeftButton && inside && m_markerAction->isChecked()) {
+        clearMarkers();
+        m_pressed = true;
+        m_pressPos = event->pos();
+        m_pressValue = value;
+        placeMarker(value, *m_x1, *m_y1);
+        setStatusText(markerTexts().first(value.x(), value.y()));
+        replot();
     }
-    QPointF value;
-    if (event->button() != Qt::LeftButton || !canvasValue(event->pos(), &value))
-        return;
-    m_pressed = true;
-    m_pressPos = event->pos();
-    m_pressValue = value;
-    m_x1->setXValue(value.x());
-    m_y1->setYValue(value.y());
-    m_x1->setVisible(true);
-    m_y1->setVisible(true);
-    m_x2->setVisible(false);
-    m_y2->setVisible(false);
-    if (xAxisKind == 1)
-        setStatusText(markerTime(value.x()) + ", " + " Y1 = " + QString::number(value.y(), 'g', 3));
-    else
-        setStatusText(QString::asprintf("X1 = %.3lf; Y1 = %1.3le;", value.x(), value.y()));
-    replot();
-}
-
-QString PlotForm::differenceText(double dx, double dy) const
-{
-    const bool english = language::isEnglish();
-    QString unit = english ? QStringLiteral("s") : QStringLiteral("сек"); // verbatim
-    if (isDayPlot)
-        unit = english ? QStringLiteral("days") : QStringLiteral("сут."); // verbatim
-    else if (isHourPlot)
-        unit = english ? QStringLiteral("hrs") : QStringLiteral("час."); // verbatim
-    return QString::asprintf("|X2 - X1| = %.3lf ", std::fabs(dx)) + unit
-        + QString::asprintf(", |Y2 - Y1| = %1.3le", std::fabs(dy));
 }
 
 void PlotForm::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
+    if (event->button() == Qt::MiddleButton)
+        m_panning = false;
     if (event->button() != Qt::LeftButton || !m_pressed)
         return;
     m_pressed = false;
     QPointF value;
-    if (!m_markerAction->isChecked() || event->pos() == m_pressPos || !canvasValue(event->pos(), &value))
-        return;
-    m_x2->setXValue(value.x());
-    m_y2->setYValue(value.y());
-    m_x2->setVisible(true);
-    m_y2->setVisible(true);
-    const double dx = value.x() - m_pressValue.x();
-    const double dy = value.y() - m_pressValue.y();
-    setStatusText(differenceText(dx, dy));
-    if (dx != 0.0 && dy != 0.0 && plotKind < 2)
-        showMeans(m_pressValue.x(), value.x());
+    if (m_markerAction->isChecked() && event->pos() != m_pressPos && canvasValue(event->pos(), &value))
+        endMarking(value);
+}
+
+void PlotForm::endMarking(const QPointF& value)
+{
+    placeMarker(value, *m_x2, *m_y2);
+    const QPointF step = value - m_pressValue;
+    setStatusText(markerTexts().difference(step.x(), step.y()));
+    if (step.x() != 0.0 && step.y() != 0.0) {
+        if (plotKind < 2)
+            showMeans(m_pressValue.x(), value.x());
+        if (plotKind == 1)
+            showAdev(m_pressValue.x(), value.x());
+    }
     replot();
 }
 
 void PlotForm::showMeans(double x1, double x2)
 {
-    QString text = language::isEnglish() ? QStringLiteral("Mean value:\n")
-                                         : QStringLiteral("Среднее значение:\n"); // verbatim
+    QVector<PlotPoints> curves;
     for (int i = 0; i < curveCount; ++i) {
-        const Slot& slot = *m_slots[size_t(i)];
-        if (!slot.visible)
-            continue;
-        QVector<double> xs;
-        QVector<double> ys;
-        for (size_t k = 0; k < slot.curve.dataSize(); ++k) {
-            xs << slot.curve.sample(int(k)).x();
-            ys << slot.curve.sample(int(k)).y();
-        }
-        text += slot.curve.title().text().leftJustified(20, ' ', true) + ": "
-            + QString::number(meanBetween(xs, ys, x1, x2), 'e', 6) + '\n';
+        if (m_slots[size_t(i)]->visible)
+            curves << pointsOf(i);
     }
-    QwtText box(text, QwtText::PlainText);
+    QwtText box(meansText(curves, x1, x2, language::isEnglish()), QwtText::PlainText);
     box.setRenderFlags(Qt::AlignLeft | Qt::AlignTop);
     m_boxes->show(PlotBoxes::BottomLeft, box);
+}
+
+bool PlotForm::showsAdev(int index) const
+{
+    return known(index) && options->curves[size_t(index)].showAdev;
+}
+
+void PlotForm::showAdev(double x1, double x2)
+{
+    for (int i = 0; i < curveCount; ++i) {
+        if (!m_slots[size_t(i)]->visible || !showsAdev(i))
+            continue;
+        const QString table =
+            adevTable(phaseBetween(pointsOf(i), x1, x2, interval), interval, language::isEnglish());
+        m_boxes->show(PlotBoxes::BottomRight, QwtText(table, QwtText::RichText));
+        return;
+    }
 }

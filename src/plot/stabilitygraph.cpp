@@ -1,6 +1,7 @@
 #include "plot/stabilitygraph.h"
 
 #include "plot/avarform.h"
+#include "plot/safecurves.h"
 #include "stats/statisticname.h"
 
 #include <QCoreApplication>
@@ -26,11 +27,28 @@ public:
         return text;
     }
 
+    static QString taus(double least, double greatest)
+    {
+        return tr(". tau от %1 до %2 с")
+            .arg(QString::number(least, 'g', 6), QString::number(greatest, 'g', 6));
+    }
+
     static QString leftOut(const QStringList& titles)
     {
         return tr("Не показаны (мало точек или нет места): ") + titles.join(QStringLiteral(", "));
     }
 };
+
+/// The least and greatest averaging time of the curves that are shown.
+QString tauRange(const AvarForm& form)
+{
+    QwtInterval range;
+    for (int i = 0; i < form.curveCount; ++i) {
+        if (form.curveVisible(i))
+            range = range | dynamic_cast<const SafeCurve&>(*form.curve(i)).xRange(true);
+    }
+    return range.isValid() ? StabilityGraph::taus(range.minValue(), range.maxValue()) : QString();
+}
 
 bool addCurve(AvarForm& form, const StabilityCurve& curve)
 {
@@ -57,6 +75,12 @@ QStringList showStability(
 {
     form.setStability(statistic);
     form.setTitleSource([statistic, notes] { return statisticName(statistic) + notesText(notes); });
+    form.setPictureNote([statistic, notes, &form] {
+        QString text = statisticName(statistic) + notesText(notes);
+        if (text.endsWith('.'))
+            text.chop(1);
+        return text + tauRange(form);
+    });
     form.setWindowIcon(
         QIcon(notes.cross ? QStringLiteral(":/bmp/B_VARCross.bmp") : QStringLiteral(":/bmp/B_VAR.bmp")));
     QStringList leftOut;

@@ -36,7 +36,7 @@ constexpr size_t stabilityPointsTooFew = 10;
 
 /// Makes `form` the graph of a statistic: logarithmic axes, titles, icon and the curves with their error
 /// bars. With exactly one curve the plot carries the name and the dates of its record, and the table of
-/// values. Curves that are too short, or that the window has no room for, stay out; the status line says so,
-/// and their titles are returned.
+/// values. Pictures and prints say below it what the graph shows. Curves that are too short, or that the
+/// window has no room for, stay out; the status line says so, and their titles are returned.
 QStringList showStability(
     AvarForm& form, Statistic statistic, const QVector<StabilityCurve>& curves, const StabilityNotes& notes);

@@ -1,20 +1,27 @@
 #include "graphs.h"
 #include "plot/multiaxisplot.h"
 #include "plot/plotlegend.h"
+#include "plot/stabilitygraph.h"
 #include "support/near.h"
 #include "support/scopedhome.h"
 #include "support/scopedprompts.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QGuiApplication>
 #include <QImageReader>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextCodec>
+#include <QXmlStreamReader>
+#include <qwt_plot_canvas.h>
 
 namespace {
 
@@ -46,7 +53,11 @@ private slots:
     void longLegend();
     void imageFailures();
     void saveImageByDialog();
+    void dialogsRemember();
+    void picturesExplainThemselves();
+    void copy();
     void print();
+    void preview();
     void asciiExport();
 };
 
@@ -185,6 +196,102 @@ void TestPlotExport::saveImageByDialog()
     prompts.press(QMessageBox::Yes);
     form.saveImage();
     QVERIFY(!QImage(home.file("graph.png")).isNull());
+}
+
+void TestPlotExport::dialogsRemember()
+{
+    ScopedHome home;
+    QVERIFY(QDir().mkpath(home.file("graphs")));
+    AvarForm form(nullptr, nullptr, 3);
+    add(form, 1, 5);
+    ScopedPrompts prompts;
+    prompts.chooseFile(home.file("graphs/a"), "*.png");
+    form.saveImage();
+    QString folder, filter;
+    const auto look = [&](QDialog& dialog) {
+        folder = qobject_cast<QFileDialog*>(&dialog)->directory().absolutePath();
+        filter = qobject_cast<QFileDialog*>(&dialog)->selectedNameFilter();
+        return int(QDialog::Rejected);
+    };
+    AvarForm other(nullptr, nullptr, 3);
+    add(other, 1, 5);
+    prompts.handle(look);
+    other.saveImage();
+    QCOMPARE(folder, QFileInfo(home.file("graphs")).absoluteFilePath());
+    QVERIFY2(filter.contains("*.png"), qPrintable(filter));
+    prompts.handle(look);
+    other.exportASCII();
+    QCOMPARE(folder, QFileInfo(home.file("graphs")).absoluteFilePath());
+    // A folder that is gone is not offered.
+    QVERIFY(QDir(home.file("graphs")).removeRecursively());
+    prompts.handle(look);
+    other.saveImage();
+    QVERIFY(!folder.contains("graphs"));
+}
+
+void TestPlotExport::picturesExplainThemselves()
+{
+    QTemporaryDir dir;
+    AvarForm form(nullptr, nullptr, 3);
+    StabilityCurve curve;
+    for (int i = 0; i < 12; ++i) {
+        curve.tau.push_back(2.0 * std::pow(10.0, i / 2));
+        curve.value.push_back(1e-12 / curve.tau.back());
+    }
+    for (const char* title : {"first", "second"}) {
+        curve.title = title;
+        showStability(form, Statistic::Adev, {curve}, {true, true, false});
+    }
+    form.resize(900, 500);
+    showWindow(form);
+    const QSize size = form.plot()->canvas()->size();
+    const QString file = dir.filePath("graph.svg");
+    QVERIFY(form.saveImageTo(file));
+    QString text;
+    for (QXmlStreamReader reader(contentOf(file)); !reader.atEnd(); reader.readNext())
+        text += reader.isCharacters() ? reader.text().toString() : QString();
+    text = text.simplified();
+    QVERIFY2(text.contains("Девиация Аллана (СКДО). Дрейф искл.. С перекрытиями. tau от 2 до 200000 с"),
+        qPrintable(text));
+    // On the screen the title of the window says it.
+    QVERIFY(form.plot()->title().text().isEmpty());
+    QCoreApplication::processEvents();
+    QCOMPARE(form.plot()->canvas()->size(), size);
+}
+
+void TestPlotExport::copy()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    QGuiApplication::clipboard()->clear();
+    form.copyImage();
+    QVERIFY(QGuiApplication::clipboard()->image().isNull());
+    add(form, 1, 5);
+    showWindow(form);
+    form.copyImage();
+    const QImage image = QGuiApplication::clipboard()->image();
+    QVERIFY(!image.isNull() && !blank(image));
+    NEAR(double(image.width()), form.plot()->width() * form.devicePixelRatioF(), 0.04);
+}
+
+void TestPlotExport::preview()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Adev);
+    add(form, 1, 5);
+    ScopedPrompts prompts;
+    int pageCount = 0;
+    prompts.handle([&](QDialog& dialog) {
+        auto* pages = dialog.findChild<QPrintPreviewWidget*>();
+        pages->updatePreview();
+        // A page that nobody painted would not be there.
+        pageCount = pages->pageCount();
+        return int(QDialog::Rejected);
+    });
+    const int width = qobject_cast<QwtPlotCanvas*>(form.plot()->canvas())->lineWidth();
+    form.previewPrint();
+    QCOMPARE(prompts.seen.first().title, QString("Предварительный просмотр"));
+    QCOMPARE(pageCount, 1);
+    QCOMPARE(qobject_cast<QwtPlotCanvas*>(form.plot()->canvas())->lineWidth(), width);
 }
 
 void TestPlotExport::print()

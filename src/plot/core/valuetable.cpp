@@ -11,23 +11,37 @@ constexpr double sqrtHalf = 0.7071067811865475;
 
 } // namespace
 
+QString valueTableHead(const QString& head, bool english)
+{
+    return QStringLiteral(
+        "<Qt><style>td { padding-left: 4px; padding-right: 4px; }</style><TABLE width=150 cellspacing=0>"
+        "<TR align = center><TD width=30 align = center>%1</TD><TD width=30 align = center>%2</TD></TR>")
+        .arg(english ? QStringLiteral("tau, s") : QStringLiteral("tau, c"), head);
+}
+
+QString valueTableRow(const QString& tau, const QString& value)
+{
+    return QStringLiteral("<TR align = center><TD align = center>%1</TD><TD align = center>"
+                          "<FONT COLOR=Black>%2</FONT></TD></TR>")
+        .arg(tau, value);
+}
+
+QString valueTableEnd()
+{
+    return QStringLiteral("</TABLE></Qt>");
+}
+
 QString stabilityTable(const double* tau, const double* value, long count, const QString& head,
     bool dividedBySqrt2, bool english)
 {
-    const QString suffix = dividedBySqrt2 ? QStringLiteral("/sqrt(2)") : QString();
     const double factor = dividedBySqrt2 ? sqrtHalf : 1.0;
-    QString html = QStringLiteral(
-        "<Qt><style>td { padding-left: 4px; padding-right: 4px; }</style><TABLE width=150 cellspacing=0>"
-        "<TR align = center><TD width=30 align = center>%1</TD><TD width=30 align = center>%2%3</TD></TR>")
-                       .arg(english ? QStringLiteral("tau, s") : QStringLiteral("tau, c"), head, suffix);
+    QString html = valueTableHead(dividedBySqrt2 ? head + "/sqrt(2)" : head, english);
     for (long i = 0; i < std::min<long>(count, maskBits); ++i) {
-        if (!(rowMask >> i & 1U))
-            continue;
-        html += QStringLiteral("<TR align = center><TD align = center>%1</TD><TD align = center>"
-                               "<FONT COLOR=Black>%2</FONT></TD></TR>")
-                    .arg(QString::number(tau[i], 'g', 6), QString::number(factor * value[i], 'E', 2));
+        if (rowMask >> i & 1U)
+            html +=
+                valueTableRow(QString::number(tau[i], 'g', 6), QString::number(factor * value[i], 'E', 2));
     }
-    return html + QStringLiteral("</TABLE></Qt>");
+    return html + valueTableEnd();
 }
 
 double meanBetween(const QVector<double>& x, const QVector<double>& y, double x1, double x2)

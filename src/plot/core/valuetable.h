@@ -10,5 +10,10 @@
 QString stabilityTable(const double* tau, const double* value, long count, const QString& head,
     bool dividedBySqrt2, bool english);
 
+/// The parts of such a table: head with the short name of the statistic, one row of texts, end.
+QString valueTableHead(const QString& head, bool english);
+QString valueTableRow(const QString& tau, const QString& value);
+QString valueTableEnd();
+
 /// Mean of the y whose x lies from x1 to x2 inclusive, in either order; 0 when there is none.
 double meanBetween(const QVector<double>& x, const QVector<double>& y, double x1, double x2);

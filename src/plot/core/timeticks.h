@@ -1,0 +1,11 @@
+#pragma once
+
+/// Distance of the ticks of an axis in seconds that reads as a clock.
+struct TimeStep {
+    double major = 0.0; ///< s; 0 when the span calls for decimal steps
+    int minors = 1; ///< intervals between two major ticks
+};
+
+/// The smallest step of whole seconds, minutes, hours or days that divides `span` seconds into at most
+/// `mostMajor` intervals. Spans below `mostMajor` seconds, and those beyond any calendar, get none.
+TimeStep timeStep(double span, int mostMajor);
