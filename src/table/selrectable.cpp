@@ -95,6 +95,7 @@ void SelRecTable::buildActions()
     ui->mergeRecBtn->setMenu(m_mergeMenu);
     connect(m_mergeMenu, &QMenu::triggered, this, &SelRecTable::popup_mergeRec_ItemSelected);
     buildSpectrumMenus();
+    buildFrequencyMenu();
 }
 
 void SelRecTable::buildKeys()
@@ -159,6 +160,7 @@ void SelRecTable::showTexts()
         tr("Сшивать отсчеты фазы"), tr("Сшивать по частоте"), tr("С разрывом по времени")};
     for (int i = 0; i < modes.size(); ++i)
         m_mergeMenu->actions().at(i)->setText(modes.at(i));
+    m_frequencyMenu->actions().last()->setText(tr("Настроить"));
     fillStatisticMenus();
     showSpectrumTexts();
 }
@@ -166,7 +168,8 @@ void SelRecTable::showTexts()
 void SelRecTable::activateBtns(bool on)
 {
     for (QWidget* button :
-        QList<QWidget*>{ui->avarGrBtn, ui->avarTabBtn, ui->trendTabBtn, ui->spectrGrBtn, ui->spectrTabBtn})
+        QList<QWidget*>{ui->checkBox, ui->checkBoxHour, ui->checkBoxDay, ui->sampGrBtn, ui->freqGrBtn,
+            ui->avarGrBtn, ui->avarTabBtn, ui->trendTabBtn, ui->spectrGrBtn, ui->spectrTabBtn})
         button->setEnabled(on);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "plot/seriesgraph.h"
 #include "plot/stabilitygraph.h"
 #include "record/record.h"
 #include "stats/statistic.h"
@@ -16,8 +17,10 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class AvarForm;
+class PhaseForm;
 class QAction;
 class QLabel;
 class QMenu;
@@ -42,6 +45,8 @@ public:
     int free_row = 0;
     /// Where generateNewID() keeps the last identifier it gave, so that it survives the session; may be null.
     quint8* lastUsedRecID = nullptr;
+    /// The measurement interval of the frequency graph, s.
+    double frInterval = 1.0;
 
     /// Fills a row from a record; a data type that is not known becomes 0.
     void DisplayRecInfo_atTableRow(int row, Record* rec);
@@ -108,6 +113,10 @@ public slots:
     void on_recTable_itemChanged(QTableWidgetItem* item);
     void on_processBtn_clicked();
     void on_stopBtn_clicked();
+    void on_sampGrBtn_clicked();
+    void on_freqGrBtn_clicked();
+    /// Takes the step of the frequency graph from an item of its menu.
+    void popup_slot(QAction* item);
     void on_avarGrBtn_clicked();
     void on_avarTabBtn_clicked();
     void on_trendTabBtn_clicked();
@@ -176,6 +185,15 @@ private:
     void takeCrossRows(const QVector<CrossRow>& names, const QDateTime& start, const QDateTime& stop);
     int takeCrossValues(int rec, const std::vector<std::vector<double>>& values, bool shown);
 
+    // phase and frequency over time
+    void buildFrequencyMenu();
+    void offerFrequencySteps();
+    std::optional<SeriesKind> seriesKind() const;
+    void showWhole(Record* shown, bool frequency);
+    void showReduced(SeriesKind kind, bool frequency);
+    GraphSeries reducedSeries(int i, SeriesKind kind, bool frequency);
+    double firstTimeOf(quint16 recID);
+
     // results
     void showResultState();
     StabilityNotes notes() const;
@@ -192,6 +210,7 @@ private:
     QMenu* m_graphMenu = nullptr;
     QMenu* m_tableMenu = nullptr;
     QMenu* m_mergeMenu = nullptr;
+    QMenu* m_frequencyMenu = nullptr;
     QMenu* m_spectrumGraphMenu = nullptr;
     QMenu* m_spectrumTableMenu = nullptr;
     QLabel* m_emptyHint = nullptr;
@@ -204,6 +223,7 @@ private:
     double m_progressDone = 0.0; // share of the work behind the step at hand
     double m_progressStep = 0.0; // share of the step at hand
     bool m_stopAsked = false;
+    QList<PhaseForm*> m_phases;
     QList<AvarForm*> m_graphs;
     QList<TableForm*> m_tables;
 };

@@ -118,6 +118,8 @@ void SelRecTable::computePair()
     takeCrossRows(crossRows(first, second), m_cross.start, m_cross.stop);
     generateTauScale(1, m_cross.size(), 0, false);
     for (const Statistic statistic : statisticsOfGroup(0)) {
+        if (m_stopAsked)
+            break;
         m_type = statistic;
         cross_calc(0, crossKernel(statistic, overlapped), inA.first, inB.first, inA.last, inB.last,
             ::varType(statistic) == varType);
@@ -154,6 +156,8 @@ void SelRecTable::computeHat()
     takeCrossRows(hatRows(record[0], record[1], record[2]), series.start, series.stop);
     generateTauScale(1, series.size(), 0, false);
     for (const Statistic statistic : statisticsOfGroup(0)) {
+        if (m_stopAsked)
+            break;
         m_type = statistic;
         m_progressStep = statisticsShare / statisticsOfGroup(0).size();
         const auto values = hatStability(crossKernel(statistic, overlapped), series, {tauInt, tauSec[0]},

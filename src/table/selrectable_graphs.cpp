@@ -1,6 +1,7 @@
 #include "base/debuglog.h"
 #include "plot/avarform.h"
 #include "plot/core/exporttable.h"
+#include "plot/phaseform.h"
 #include "plot/spectrumgraph.h"
 #include "plot/stabilitygraph.h"
 #include "plot/tableform.h"
@@ -269,6 +270,7 @@ void SelRecTable::on_trendTabBtn_clicked()
 void SelRecTable::PlotIsClosed(QObject* window)
 {
     const auto isIt = [window](const QObject* other) { return other == window; };
+    m_phases.erase(std::remove_if(m_phases.begin(), m_phases.end(), isIt), m_phases.end());
     m_graphs.erase(std::remove_if(m_graphs.begin(), m_graphs.end(), isIt), m_graphs.end());
     m_tables.erase(std::remove_if(m_tables.begin(), m_tables.end(), isIt), m_tables.end());
     auto* widget = qobject_cast<QWidget*>(window);
@@ -280,6 +282,8 @@ void SelRecTable::PlotIsClosed(QObject* window)
 QList<QWidget*> SelRecTable::figures() const
 {
     QList<QWidget*> all;
+    for (PhaseForm* graph : m_phases)
+        all << graph;
     for (AvarForm* graph : m_graphs)
         all << graph;
     for (TableForm* table : m_tables)

@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QThread>
 
 QVector<int> SelRecTable::checkedRows() const
 {
@@ -98,7 +99,7 @@ void SelRecTable::on_mergeRecBtn_clicked()
     combineChecked("new onMerge_Btn", [this](Record& first, Record& second, Record& made) {
         if (!sameSignals(first, second)
             && prompt::message(this, QMessageBox::Question, windowTitle(),
-                   tr("Записи должны быть сделаны для одинаковых сигналов!") + QLatin1Char('\n')
+                   tr("Записи должны быть сделны для одинаковых сигналов!") + QLatin1Char('\n')
                        + tr("Продолжить объединение?"),
                    QMessageBox::Yes | QMessageBox::No)
                 != QMessageBox::Yes)
@@ -107,6 +108,8 @@ void SelRecTable::on_mergeRecBtn_clicked()
         const MergeMode mode = mergeMode();
         // The question comes up in the middle of the work, which waits for the answer.
         const auto ask = [this] {
+            if (QThread::currentThread() == thread()) // the system gave no further thread
+                return askToShiftPhase();
             bool shift = false;
             QMetaObject::invokeMethod(
                 this, [&] { shift = askToShiftPhase(); }, Qt::BlockingQueuedConnection);
@@ -120,7 +123,8 @@ void SelRecTable::on_mergeRecBtn_clicked()
 
 bool SelRecTable::askToShiftPhase()
 {
-    return prompt::message(this, QMessageBox::Question, windowTitle(),
+    return !m_stopAsked
+        && prompt::message(this, QMessageBox::Question, windowTitle(),
                tr("Между записями слишком большой разрыв по фазе!\nСдвинуть фазу во второй записи?"),
                QMessageBox::Yes | QMessageBox::No)
         == QMessageBox::Yes;

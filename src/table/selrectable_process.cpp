@@ -76,7 +76,7 @@ void SelRecTable::setCommandsEnabled(bool on)
     const QList<QWidget*> commands{ui->recTable, ui->addRecBtn, ui->delRecBtn, ui->delAllRecsBtn,
         ui->diffRecBtn, ui->mergeRecBtn, ui->processBtn, ui->selVarBox, ui->overlapBox, ui->trendBox,
         ui->crossBox, ui->threeCornHatBox, ui->spectrBox, ui->freqlineEdit, ui->MoveRecordUp,
-        ui->MoveRecordDown, ui->RotateRecord_Btn};
+        ui->MoveRecordDown, ui->RotateRecord_Btn, ui->SelectAllRecords_Btn, ui->UnselectAllRecords_Btn};
     for (QWidget* widget : commands)
         widget->setEnabled(on);
     if (!on) {
@@ -94,12 +94,13 @@ void SelRecTable::on_processBtn_clicked()
 {
     if (SLEEP || free_row == 0)
         return;
+    ProcessedRecords none; // made before memory may end
     ProcessedRecords former = std::exchange(results(), ProcessedRecords());
     bool complete = false;
     // Results that are not complete are dropped; a stop puts the former ones back.
     const auto settled = qScopeGuard([&] {
         if (!complete)
-            results() = ProcessedRecords();
+            results() = std::move(none);
         else if (m_stopAsked)
             results() = std::move(former);
         m_series = {};
@@ -128,14 +129,15 @@ void SelRecTable::process()
     if (recCount < 1 || m_stopAsked)
         return;
     findStartStop();
+    offerFrequencySteps();
     checkDriftRemoval();
     const bool crossWanted = ui->crossBox->isChecked() || ui->threeCornHatBox->isChecked();
-    if (crossWanted && !checkCross())
-        return;
+    const bool fits = !crossWanted || checkCross();
     crossProc = ui->crossBox->isChecked() || ui->threeCornHatBox->isChecked();
-    checkSpectra();
+    if (fits)
+        checkSpectra();
     computeRecords();
-    if (crossProc && !m_stopAsked)
+    if (crossProc && fits && !m_stopAsked)
         computeCross();
     showStatistic(varType);
 }

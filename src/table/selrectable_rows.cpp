@@ -49,11 +49,13 @@ void SelRecTable::addRecord(Record* rec)
     if (RecIsValid(rec) != 0)
         DebugLOG(" SelRecTable::addRecord Hе сработало.!"); // verbatim
     Record& slot = load_record[free_row];
+    auto notTaken = qScopeGuard([&slot] { deleteRecord(&slot); });
     shareRecord(rec, &slot);
     deleteRecord(rec); // now the slot holds the samples alone
     cleanRepeats(slot);
     if (slot.RecID == 0)
         slot.RecID = generateNewID();
+    notTaken.dismiss();
     addCopiedRecord();
     if (slot.dynamic && slot.n_days < 5)
         slot.dynamic = false;
@@ -254,9 +256,9 @@ void SelRecTable::MoveRecord_inTable(int from, int to)
     if (!valid(from) || !valid(to) || from == to)
         return;
     Record kept;
-    shareRecord(&load_record[from], &kept);
-    shareRecord(&load_record[to], &load_record[from]);
-    shareRecord(&kept, &load_record[to]);
+    moveRecord(&load_record[from], &kept);
+    moveRecord(&load_record[to], &load_record[from]);
+    moveRecord(&kept, &load_record[to]);
     const QSignalBlocker quiet(ui->recTable);
     for (int column = 0; column < ui->recTable->columnCount(); ++column) {
         QTableWidgetItem* one = ui->recTable->takeItem(from, column);
@@ -322,8 +324,7 @@ void SelRecTable::on_delRecBtn_clicked()
 /// Moves a row, with its checks, limits and colours, to a row that is not in use.
 void SelRecTable::takeRow(int from, int to)
 {
-    shareRecord(&load_record[from], &load_record[to]);
-    deleteRecord(&load_record[from]);
+    moveRecord(&load_record[from], &load_record[to]);
     const QSignalBlocker quiet(ui->recTable);
     for (int column = 0; column < ui->recTable->columnCount(); ++column)
         ui->recTable->setItem(to, column, ui->recTable->takeItem(from, column));

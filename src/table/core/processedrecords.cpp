@@ -44,13 +44,16 @@ void ProcessedRecords::drop(quint16 recID)
         const size_t from = size_t(i), to = size_t(kept);
         if (record[from].RecID == recID)
             continue;
-        shareRecord(&record[from], &record[to]);
+        moveRecord(&record[from], &record[to]);
+        moveRecord(&record_freq[from], &record_freq[to]);
         moveTo(trends[to], trends[from]);
         moveTo(processedBuffer[to], processedBuffer[from]);
         ++kept;
     }
-    for (int i = kept; i < recCount; ++i)
+    for (int i = kept; i < recCount; ++i) {
         deleteRecord(&record[size_t(i)]);
+        deleteRecord(&record_freq[size_t(i)]);
+    }
     recCount = kept;
     trends.resize(size_t(kept));
     processedBuffer.resize(size_t(kept));

@@ -29,6 +29,8 @@ struct ProcessedRecords {
     /// Working copies of the checked rows, `recCount` of them valid.
     std::unique_ptr<Record[]> record = std::make_unique<Record[]>(maxRecords);
     int recCount = 0;
+    /// Their frequencies, as the last graph of these wanted them.
+    std::unique_ptr<Record[]> record_freq = std::make_unique<Record[]>(maxRecords);
 
     /// Results of stability, at most 32: one a record, or those of cross processing. The arrays below go by
     /// their number.
