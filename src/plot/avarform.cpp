@@ -185,7 +185,7 @@ void AvarForm::showAVAR(QwtPlotItem*, bool)
     visibleCount = 0;
     for (int i = 0; i < curveCount; ++i)
         visibleCount += curveVisible(i) ? 1 : 0;
-    if (windowNumberIs(1))
+    if (windowNumberIs(1) || plotKind != stabilityKind)
         return;
     const int index = shownCurve();
     if (visibleCount != 1 || index < 0) {

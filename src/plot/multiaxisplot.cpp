@@ -28,8 +28,8 @@ QwtScaleEngine* newEngine(MultiAxisPlot::Scale scale)
 {
     if (scale == MultiAxisPlot::Scale::Log10)
         return new QwtLogScaleEngine;
-    if (scale == MultiAxisPlot::Scale::Time)
-        return new TimeScaleEngine;
+    if (scale == MultiAxisPlot::Scale::Time || scale == MultiAxisPlot::Scale::Dates)
+        return new TimeScaleEngine(scale == MultiAxisPlot::Scale::Dates);
     return new QwtLinearScaleEngine;
 }
 

@@ -26,7 +26,7 @@ public:
     static constexpr int bottomAxis = 20;
 
     /// Time: linear in seconds, with ticks on whole minutes, hours and days.
-    enum class Scale { Linear, Log10, Time };
+    enum class Scale { Linear, Log10, Time, Dates };
 
     explicit MultiAxisPlot(QWidget* parent = nullptr);
     ~MultiAxisPlot() override;

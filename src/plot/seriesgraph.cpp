@@ -65,7 +65,10 @@ void setTimeAxis(AvarForm& form, const SeriesScope& scope)
     form.startTime = scope.start;
     if (scope.kind != SeriesKind::MinMax)
         return;
-    if (scope.start.date().daysTo(scope.stop.date()) + 1 < clockDays)
+    const bool clock = scope.start.date().daysTo(scope.stop.date()) + 1 < clockDays;
+    form.plot()->setAxisScaleType(
+        MultiAxisPlot::bottomAxis, clock ? MultiAxisPlot::Scale::Time : MultiAxisPlot::Scale::Dates);
+    if (clock)
         form.plot()->setBottomScaleDraw(new TimeScaleDraw(scope.start.time()));
     else
         form.plot()->setBottomScaleDraw(new DateScaleDraw(scope.start));

@@ -237,6 +237,22 @@ void StaticPhaseForm::setTimeAxis()
     plot->setAxisTitleSource(MultiAxisPlot::bottomAxis, [] { return tr("Время"); });
 }
 
+/// The last day that any record has samples on: the end of a record may lie at the very start of a day.
+int StaticPhaseForm::lastDay() const
+{
+    const auto bare = [this](int day) {
+        for (int i = 0; i < plot->curveCount; ++i) {
+            if (shows(i, day))
+                return false;
+        }
+        return true;
+    };
+    int day = dayCount - 1;
+    while (day > 0 && bare(day))
+        --day;
+    return bare(day) ? dayCount - 1 : day;
+}
+
 void StaticPhaseForm::addStaticRecords(bool first)
 {
     if (!plot) {
@@ -257,9 +273,9 @@ void StaticPhaseForm::addStaticRecords(bool first)
     showSlider(dayCount > 1);
     {
         const QSignalBlocker quiet(daySlider);
-        daySlider->setValue(dayCount - 1);
+        daySlider->setValue(lastDay());
     }
-    anotherDay(dayCount - 1);
+    anotherDay(lastDay());
 }
 
 void StaticPhaseForm::clearCurve(int index)

@@ -108,6 +108,7 @@ private:
     };
 
     double offsetOf(Record& record) const;
+    int lastDay() const;
     void buildSlider();
     void setTimeAxis();
     void zoomOtherDay();

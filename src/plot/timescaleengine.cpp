@@ -13,13 +13,13 @@ constexpr double slack = 1e-9;
 
 void TimeScaleEngine::autoScale(int maxSteps, double& x1, double& x2, double& stepSize) const
 {
-    const double step = timeStep(x2 - x1, maxSteps).major;
+    const double step = timeStep(x2 - x1, maxSteps, m_dates).major;
     if (step <= 0.0) {
         QwtLinearScaleEngine::autoScale(maxSteps, x1, x2, stepSize);
         return;
     }
     // A measurement starts when it starts: the scale is widened to the next minor tick at most.
-    const double grid = step / timeStep(x2 - x1, maxSteps).minors;
+    const double grid = step / timeStep(x2 - x1, maxSteps, m_dates).minors;
     x1 = std::floor(x1 / grid + slack) * grid;
     x2 = std::ceil(x2 / grid - slack) * grid;
     stepSize = step;
@@ -28,7 +28,7 @@ void TimeScaleEngine::autoScale(int maxSteps, double& x1, double& x2, double& st
 QwtScaleDiv TimeScaleEngine::divideScale(
     double x1, double x2, int maxMajor, int maxMinor, double stepSize) const
 {
-    const TimeStep step = timeStep(std::fabs(x2 - x1), maxMajor);
+    const TimeStep step = timeStep(std::fabs(x2 - x1), maxMajor, m_dates);
     if (step.major <= 0.0)
         return QwtLinearScaleEngine::divideScale(x1, x2, maxMajor, maxMinor, stepSize);
     const double grid = step.major / step.minors;

@@ -322,6 +322,7 @@ void TestPhaseForm::followingFromNothing()
     form.addDynamicRecords();
     QVERIFY(form.dynamicMode && attached(form, 0));
     QCOMPARE(form.dynWindowStart, 36000l);
+    QCOMPARE(form.plot->plot()->axisInterval(MultiAxisPlot::bottomAxis), QwtInterval(36000.0, 40000.0));
     Feeder feeder(form);
     feeder.send(3);
     QCOMPARE(points(form, 0), size_t(3));

@@ -16,12 +16,13 @@ constexpr TimeStep steps[] = {{1.0, 1}, {2.0, 2}, {5.0, 5}, {10.0, 5}, {15.0, 3}
 
 } // namespace
 
-TimeStep timeStep(double span, int mostMajor)
+TimeStep timeStep(double span, int mostMajor, bool dates)
 {
+    const double shortest = dates && span >= 2.0 * day ? day : 0.0;
     if (!(span >= mostMajor) || span > longestSpan || mostMajor < 1)
         return {};
     for (const TimeStep& step : steps) {
-        if (span <= step.major * mostMajor)
+        if (span <= step.major * mostMajor && step.major >= shortest)
             return step;
     }
     double days = 20.0;

@@ -8,4 +8,6 @@ struct TimeStep {
 
 /// The smallest step of whole seconds, minutes, hours or days that divides `span` seconds into at most
 /// `mostMajor` intervals. Spans below `mostMajor` seconds, and those beyond any calendar, get none.
-TimeStep timeStep(double span, int mostMajor);
+///
+/// A scale that reads as dates has no use for steps below a day (`dates`), unless it spans less than two.
+TimeStep timeStep(double span, int mostMajor, bool dates = false);
