@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -315,20 +317,40 @@ void doubleArray::clear()
     count = 0;
 }
 
-void doubleArray::sharePart(const doubleArray& src, int day)
+void doubleArray::addPart(std::shared_ptr<double[]> buffer, int length)
 {
-    const int length = src.DayLengths.at(day);
-    parts.append(src.parts.at(day));
-    capacity.append(length); // what lies behind belongs to the source
+    parts.append(std::move(buffer));
+    capacity.append(length); // what lies behind belongs to others
     filled.append(length);
     DayLengths.append(total() + length);
     addToCount(length);
 }
 
+void doubleArray::addParts(const std::shared_ptr<double[]>& buffer, const QVector<int>& lengths)
+{
+    double* at = buffer.get();
+    for (const int length : lengths) {
+        addPart(std::shared_ptr<double[]>(buffer, at), length);
+        at += length;
+    }
+}
+
+void doubleArray::sharePart(const doubleArray& src, int day)
+{
+    addPart(src.parts.at(day), src.DayLengths.at(day));
+}
+
 void doubleArray::unshare()
 {
+    // Parts may lie in one buffer: it is shared when it has more users than these.
+    std::map<std::shared_ptr<double[]>, long, std::owner_less<>> users;
+    for (const std::shared_ptr<double[]>& part : qAsConst(parts))
+        ++users[part];
+    for (auto& [buffer, count] : users)
+        count = buffer.use_count() - 1 - count; // less the key itself
     for (int day = 0; day < parts.size(); ++day) {
-        if (parts.at(day).use_count() < 2)
+        const auto user = users.find(parts.at(day));
+        if (user == users.end() || user->second < 1)
             continue;
         const int length = std::max(filled.at(day), DayLengths.at(day)); // the longer after removeLast()
         std::shared_ptr<double[]> own(new double[size_t(length)]);

@@ -87,6 +87,9 @@ public:
     /// Drops all parts; `partLen` and the iterator stay.
     void clear();
 
+    /// Adds parts of these lengths that lie one behind the other in a buffer. It may be shared, as by
+    /// sharePart().
+    void addParts(const std::shared_ptr<double[]>& buffer, const QVector<int>& lengths);
     /// Adds a part that is part `day` of another array, buffer and all. Neither array may be written to in
     /// place before it has been given buffers of its own; appending is no harm.
     void sharePart(const doubleArray& src, int day);
@@ -116,6 +119,7 @@ private:
     void writeLast(int offset, const double* src, int n);
     void growLast(qint64 size);
     void addToCount(int n);
+    void addPart(std::shared_ptr<double[]> buffer, int length);
     double& findElement(int i);
     double& onlyElement();
     double* nextInLaterPart(bool& ok);

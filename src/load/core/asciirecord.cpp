@@ -1,6 +1,5 @@
 #include "load/core/asciirecord.h"
 
-#include "base/parallel.h"
 #include "record/record.h"
 
 #include <QTime>
@@ -117,8 +116,8 @@ void AsciiFile::takeTimes()
     const int variables = m_reader.compiled().variables.size();
     const int lines = m_result.lineCount;
     if (timeVariable < 0)
-        m_counted.resize(std::size_t(lines) + 1);
-    m_times = timeVariable < 0 ? m_counted.data() : m_columns[timeVariable];
+        m_counted.reset(new double[std::size_t(lines) + 1]);
+    m_times = timeVariable < 0 ? m_counted.get() : m_columns[timeVariable];
     const double startSecond = secondOfDay(m_request.start);
     double offset = 0.0;
     double mark = 0.0;
@@ -219,33 +218,35 @@ void AsciiFile::setParameters(Record* rec, qint32 channel) const
 }
 
 /// Writes the parts of one array, with the values of each line behind each other.
-void AsciiFile::fillArray(doubleArray& array, const std::vector<const double*>& columns) const
+void AsciiFile::interleave(doubleArray& array, const std::vector<const double*>& columns) const
 {
     const int each = int(columns.size());
     std::vector<double> values;
     int first = 0;
     for (const int lines : m_parts) {
         const int length = lines * each;
-        const double* source = columns.front() + first;
-        if (each > 1) {
-            values.resize(std::size_t(length));
-            for (int i = 0; i < length; ++i)
-                values[std::size_t(i)] = columns[std::size_t(i % each)][first + i / each];
-            source = values.data();
-        }
+        values.resize(std::size_t(length));
+        for (int i = 0; i < length; ++i)
+            values[std::size_t(i)] = columns[std::size_t(i % each)][first + i / each];
         array.AddNewPart(length);
-        array.append__(source, length);
+        array.append__(values.data(), length);
         first += lines;
     }
 }
 
 void AsciiFile::fillArrays(Record* rec, const QVector<int>& variables) const
 {
-    const std::vector<const double*> times(std::size_t(variables.size()), m_times);
-    std::vector<const double*> values;
-    for (const int variable : variables)
-        values.push_back(m_columns[variable]);
-    runTasks({[&] { fillArray(rec->t, times); }, [&] { fillArray(rec->x, values); }});
+    if (variables.size() == 1) {
+        const int timeVariable = m_reader.compiled().timeVariable();
+        rec->t.addParts(timeVariable < 0 ? m_counted : m_reader.column(timeVariable), m_parts);
+        rec->x.addParts(m_reader.column(variables.constFirst()), m_parts);
+    } else {
+        std::vector<const double*> values;
+        for (const int variable : variables)
+            values.push_back(m_columns[variable]);
+        interleave(rec->t, std::vector<const double*>(values.size(), m_times));
+        interleave(rec->x, values);
+    }
     rec->num_in_days = std::make_unique<qint64[]>(std::size_t(m_parts.size()));
     for (int part = 0; part < m_parts.size(); ++part)
         rec->num_in_days[std::size_t(part)] = qint64(m_parts.at(part)) * variables.size();

@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class doubleArray;
@@ -80,8 +81,8 @@ struct AsciiResult {
 };
 
 /// A text file that has been read once and gives records, one for each data variable. fill() may be called
-/// any number of times. A record that is filled gets new arrays, parameters and day counts; all else in it
-/// stays.
+/// any number of times; the records share the samples of the file, see shareRecord(). A record that is filled
+/// gets new arrays, parameters and day counts; all else in it stays.
 class AsciiFile {
 public:
     static constexpr int allColumns = -1;
@@ -109,7 +110,7 @@ private:
     void scaleColumn(int variable);
     int partLength() const;
     void setParameters(Record* rec, qint32 channel) const;
-    void fillArray(doubleArray& array, const std::vector<const double*>& columns) const;
+    void interleave(doubleArray& array, const std::vector<const double*>& columns) const;
     void fillArrays(Record* rec, const QVector<int>& variables) const;
 
     AsciiRequest m_request;
@@ -117,7 +118,7 @@ private:
     FormatFileReader m_reader;
     AsciiResult m_result;
     double** m_columns = nullptr; // the reader's; lines at fault are taken out
-    std::vector<double> m_counted; // times of a template without "t"
+    std::shared_ptr<double[]> m_counted; // times of a template without "t"
     double* m_times = nullptr;
     QVector<int> m_parts; // lengths
     QVector<bool> m_scaled; // by variable

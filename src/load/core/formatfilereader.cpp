@@ -2,7 +2,6 @@
 
 #include "base/debuglog.h"
 #include "base/largepages.h"
-#include "base/parallel.h"
 #include "load/core/linesource.h"
 #include "load/core/linewalker.h"
 #include "load/core/plainlines.h"
@@ -11,9 +10,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <future>
 #include <limits>
 #include <new>
+#include <numeric>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -35,27 +37,53 @@ std::vector<char*> cutStretches(char* begin, char* end, size_t count)
     return borders;
 }
 
-void readPlain(std::vector<PlainLines>& stretches, char* begin, char* end)
-{
-    const std::vector<char*> borders = cutStretches(begin, end, stretches.size());
-    std::vector<std::function<void()>> tasks;
-    for (size_t i = 0; i < stretches.size(); ++i)
-        tasks.emplace_back([&, i] { stretches[i].read(borders[i], borders[i + 1]); });
-    runTasks(tasks);
-}
-
-/// Room for the whole file as the part read so far suggests, with some to spare, but no more than it can
+/// Room for the whole file as the part taken so far suggests, with some to spare, but no more than it can
 /// need.
-qint64 guessRoom(qint64 lines, const LineSource& source)
+qint64 guessRoom(qint64 lines, qint64 taken, qint64 size)
 {
-    const qint64 left = std::max<qint64>(source.size() - source.consumed(), 0);
-    const double share = double(source.consumed()) / double(std::max<qint64>(source.size(), 1));
+    const qint64 left = std::max<qint64>(size - taken, 0);
+    const double share = double(taken) / double(std::max<qint64>(size, 1));
     const qint64 guess = share > 0.0 ? qint64(double(lines) / share * 1.02) : 0;
     const qint64 largest = lines + left / 2 + firstRoom; // a line has a character and an end
     return std::min(std::max(guess, lines + lines / 4) + firstRoom, std::max(largest, lines + firstRoom));
 }
 
 } // namespace
+
+/// The stretches of one block of text, which are read side by side.
+class FormatFileReader::PlainBlock {
+public:
+    PlainBlock(const FormatTemplate& format, size_t count)
+        : m_stretches(count, PlainLines(format))
+    {
+    }
+
+    /// `consumed`: bytes of the file up to `end`.
+    void start(char* begin, char* end, qint64 consumed)
+    {
+        m_consumed = consumed;
+        const std::vector<char*> borders = cutStretches(begin, end, m_stretches.size());
+        for (size_t i = 0; i < m_stretches.size(); ++i) {
+            // Without a policy, so that it is done in wait() where the system gives no more threads.
+            m_reading.push_back(std::async([&stretch = m_stretches[i], from = borders[i],
+                                               to = borders[i + 1]] { stretch.read(from, to); }));
+        }
+    }
+
+    const std::vector<PlainLines>& wait()
+    {
+        for (std::future<void>& reading : std::exchange(m_reading, {}))
+            reading.get();
+        return m_stretches;
+    }
+
+    qint64 consumed() const { return m_consumed; }
+
+private:
+    std::vector<PlainLines> m_stretches;
+    qint64 m_consumed = 0;
+    std::vector<std::future<void>> m_reading; // declared last: destroyed first, and waits
+};
 
 void FormatFileReader::FreeMemory::operator()(double* memory) const
 {
@@ -86,6 +114,7 @@ void FormatFileReader::dropData()
 {
     m_table.clear();
     m_columns.clear();
+    m_shared.clear();
     m_room = 0;
     m_lines = 0;
     m_fileLines = 0;
@@ -149,36 +178,57 @@ FormatFileReader::Status FormatFileReader::parseBlocks(LineSource& source)
 {
     m_columns.resize(std::size_t(m_format.variables.size()));
     m_table.resize(m_columns.size());
+    m_fileSize = source.size();
     LineWalker walker(m_format);
-    std::vector<PlainLines> stretches(
-        std::clamp(std::thread::hardware_concurrency(), 1u, mostStretches), PlainLines(m_format));
+    const size_t count = std::clamp(std::thread::hardware_concurrency(), 1u, mostStretches);
+    PlainBlock blocks[2] = {{m_format, count}, {m_format, count}};
     char* begin = nullptr;
     char* end = nullptr;
-    while (source.next(begin, end)) {
-        readPlain(stretches, begin, end);
-        for (const PlainLines& plain : stretches) {
-            // With too many bad lines the short cut holds no longer.
-            const bool whole = m_bad.size() > LineWalker::mostBadLines;
-            if (!whole && !takePlain(plain, source))
-                return Status::TooLong;
-            if (!parseLines(whole ? plain.begin() : plain.rest(), plain.end(), walker, source))
-                return Status::TooLong;
-        }
+    bool more = source.next(begin, end);
+    // While a block is being looked at, the one before it is taken over and the next one read.
+    for (int at = 0; more; at = 1 - at) {
+        blocks[at].start(begin, end, source.consumed());
+        if (!takeBlock(blocks[1 - at], walker))
+            return Status::TooLong;
+        more = source.next(begin, end);
+        if (!more && !takeBlock(blocks[at], walker))
+            return Status::TooLong;
     }
     if (source.cancelled())
         return Status::Cancelled;
     if (source.failed())
         return Status::ReadError;
     resizeColumns(qint64(m_lines) + 1);
+    for (Column& column : m_columns)
+        m_shared.emplace_back(std::move(column));
     return m_lines > 0 ? Status::Parsed : Status::NoLines;
 }
 
-bool FormatFileReader::makeRoom(qint64 lines, const LineSource& source)
+bool FormatFileReader::takeBlock(PlainBlock& block, LineWalker& walker)
+{
+    m_taken = block.consumed();
+    const std::vector<PlainLines>& stretches = block.wait();
+    const qint64 lines = std::accumulate(stretches.begin(), stretches.end(), qint64(0),
+        [](qint64 sum, const PlainLines& plain) { return sum + plain.lines(); });
+    if (!makeRoom(lines))
+        return false;
+    for (const PlainLines& plain : stretches) {
+        // With too many bad lines the short cut holds no longer.
+        const bool whole = m_bad.size() > LineWalker::mostBadLines;
+        if (!whole && !takePlain(plain))
+            return false;
+        if (!parseLines(whole ? plain.begin() : plain.rest(), plain.end(), walker))
+            return false;
+    }
+    return true;
+}
+
+bool FormatFileReader::makeRoom(qint64 lines)
 {
     if (m_lines + lines > mostLines)
         return false;
     if (m_lines + lines > m_room)
-        resizeColumns(std::min<qint64>(guessRoom(m_lines + lines, source), mostLines));
+        resizeColumns(std::min<qint64>(guessRoom(m_lines + lines, m_taken, m_fileSize), mostLines));
     return true;
 }
 
@@ -188,9 +238,9 @@ void FormatFileReader::number(int index, qint64 offset)
         m_numbering.push_back({index, offset});
 }
 
-bool FormatFileReader::takePlain(const PlainLines& plain, const LineSource& source)
+bool FormatFileReader::takePlain(const PlainLines& plain)
 {
-    if (!makeRoom(plain.lines(), source))
+    if (!makeRoom(plain.lines()))
         return false;
     for (const PlainLines::Numbering& entry : plain.numbering())
         number(m_lines + entry.index, m_fileLines - m_lines + entry.offset);
@@ -201,14 +251,14 @@ bool FormatFileReader::takePlain(const PlainLines& plain, const LineSource& sour
     return true;
 }
 
-bool FormatFileReader::parseLines(char* begin, char* end, LineWalker& walker, const LineSource& source)
+bool FormatFileReader::parseLines(char* begin, char* end, LineWalker& walker)
 {
     double row[FormatTemplate::maxVariables];
     while (begin < end) {
         char* const behind = lineEnd(begin, end);
         ++m_fileLines;
         if (countsAsLine(begin, behind)) {
-            if (!makeRoom(1, source))
+            if (!makeRoom(1))
                 return false;
             number(m_lines, m_fileLines - m_lines);
             if (!parseLine(walker, begin, behind, row))
@@ -237,6 +287,11 @@ void FormatFileReader::logFault(const char* text)
 {
     if (++m_faults <= mostLogLines)
         DebugLOG(text);
+}
+
+std::shared_ptr<double[]> FormatFileReader::column(int variable) const
+{
+    return size_t(variable) < m_shared.size() ? m_shared[size_t(variable)] : nullptr;
 }
 
 qint64 FormatFileReader::fileLine(int index) const

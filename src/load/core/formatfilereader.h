@@ -66,6 +66,9 @@ public:
     /// The text that SaveToASCII writes, in UTF-8. `rec`'s iterators move; `comment` may be null.
     static std::string asciiText(Record* rec, const QStringList* comment, bool defaultHeader);
 
+    /// The array of a variable, which then outlives the reader's table; null when nothing was read.
+    std::shared_ptr<double[]> column(int variable) const;
+
     /// Called about every two megabytes with the share of the file read; false stops the reading.
     void setProgress(std::function<bool(double)> progress) { m_progress = std::move(progress); }
 
@@ -91,10 +94,12 @@ private:
 
     void dropData();
     void resizeColumns(qint64 lines);
+    class PlainBlock;
     Status parseBlocks(LineSource& source);
-    bool takePlain(const PlainLines& plain, const LineSource& source);
-    bool parseLines(char* begin, char* end, LineWalker& walker, const LineSource& source);
-    bool makeRoom(qint64 lines, const LineSource& source);
+    bool takeBlock(PlainBlock& block, LineWalker& walker);
+    bool takePlain(const PlainLines& plain);
+    bool parseLines(char* begin, char* end, LineWalker& walker);
+    bool makeRoom(qint64 lines);
     void number(int index, qint64 offset);
     bool parseLine(LineWalker& walker, char* begin, char* end, double* row);
     void logFault(const char* text);
@@ -104,8 +109,11 @@ private:
     Status m_status = Status::NotRead;
     QString m_systemError;
     std::vector<Column> m_columns;
+    std::vector<std::shared_ptr<double[]>> m_shared; // the columns once they have their length
     std::vector<double*> m_table; // the columns as they are handed out
     qint64 m_room = 0; // lines that the columns can take
+    qint64 m_taken = 0; // bytes of the file up to the end of the block at hand
+    qint64 m_fileSize = 0;
     int m_lines = 0;
     qint64 m_fileLines = 0; // those that do not count too
     QList<int> m_bad;

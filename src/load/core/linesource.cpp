@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -30,43 +31,50 @@ bool LineSource::open()
         return false;
     }
     m_size = m_file.size();
-    m_capacity = blockSize;
-    m_text.reset(new char[m_capacity]);
-    if (refill() && m_end >= 3 && std::memcmp(m_text.get(), "\xEF\xBB\xBF", 3) == 0)
-        m_begin = m_searched = 3;
+    turnBlock();
+    m_first = true;
+    readMore(); // some files open and cannot be read
     return !m_failed;
 }
 
-// Moves what is left of the text to the front; a line that fills the room makes it twice as large.
-void LineSource::makeRoom()
+/// Goes over to the other block, with what is left of the text.
+void LineSource::turnBlock()
 {
-    const std::size_t left = m_end - m_begin;
-    if (left > m_capacity / 2) {
-        std::unique_ptr<char[]> larger(new char[m_capacity * 2]);
-        std::memcpy(larger.get(), m_text.get() + m_begin, left);
-        m_text = std::move(larger);
-        m_capacity *= 2;
-    } else {
-        std::memmove(m_text.get(), m_text.get() + m_begin, left);
-    }
+    const char* const left = m_blocks[m_current].text.get() + m_begin;
+    const std::size_t length = m_end - m_begin;
     m_blockStart += qint64(m_begin);
-    m_searched -= m_begin;
+    m_current = 1 - m_current;
+    Block& block = m_blocks[m_current];
+    if (block.capacity < length + blockSize) {
+        block.capacity = 0;
+        block.text.reset(new char[length + blockSize]);
+        block.capacity = length + blockSize;
+    }
+    if (length > 0)
+        std::memcpy(block.text.get(), left, length);
     m_begin = 0;
-    m_end = left;
+    m_end = length;
 }
 
-bool LineSource::refill()
+/// Appends to the current block, which becomes twice as large for a line that fills it.
+bool LineSource::readMore()
 {
     if (m_atEnd || m_failed || m_cancelled)
         return false;
-    makeRoom();
     const double share =
         m_size > 0 ? std::min(1.0, double(m_blockStart + qint64(m_end)) / double(m_size)) : 0.0;
     if (m_progress && !m_progress(share)) {
         m_cancelled = true;
         return false;
     }
-    const qint64 got = m_file.read(m_text.get() + m_end, qint64(std::min(m_capacity - m_end, blockSize)));
+    Block& block = m_blocks[m_current];
+    if (block.capacity - m_end < blockSize) {
+        std::unique_ptr<char[]> larger(new char[block.capacity * 2]);
+        std::memcpy(larger.get(), block.text.get(), m_end);
+        block.text = std::move(larger);
+        block.capacity *= 2;
+    }
+    const qint64 got = m_file.read(block.text.get() + m_end, qint64(blockSize));
     if (got < 0) {
         m_failed = true;
         m_error = m_file.errorString();
@@ -79,19 +87,25 @@ bool LineSource::refill()
 
 bool LineSource::next(char*& begin, char*& end)
 {
-    bool more = m_begin == m_end ? refill() : true;
-    void* lineEnd = nullptr;
-    while (more) {
-        lineEnd = memrchr(m_text.get() + m_searched, '\n', m_end - m_searched);
-        if (lineEnd)
-            break;
-        m_searched = m_end;
-        more = refill();
+    std::size_t searched = 0;
+    if (!std::exchange(m_first, false)) {
+        turnBlock();
+        searched = m_end;
+        readMore();
     }
+    const char* lineEnd = nullptr;
+    do {
+        const char* const text = m_blocks[m_current].text.get();
+        lineEnd = static_cast<const char*>(memrchr(text + searched, '\n', m_end - searched));
+        searched = m_end;
+    } while (!lineEnd && readMore());
+    char* const text = m_blocks[m_current].text.get();
+    if (m_blockStart == 0 && m_end >= 3 && std::memcmp(text, "\xEF\xBB\xBF", 3) == 0)
+        m_begin = 3;
     if (m_failed || m_cancelled || m_begin == m_end)
         return false;
-    begin = m_text.get() + m_begin;
-    end = lineEnd ? static_cast<char*>(lineEnd) + 1 : m_text.get() + m_end;
-    m_begin = m_searched = std::size_t(end - m_text.get());
-    return true;
+    begin = text + m_begin;
+    end = text + (lineEnd ? std::size_t(lineEnd - text) + 1 : m_end);
+    m_begin = std::size_t(end - text);
+    return begin < end;
 }

@@ -21,7 +21,8 @@ public:
     void setProgress(std::function<bool(double)> progress) { m_progress = std::move(progress); }
 
     /// The next lines, all whole; only the last one of the file may lack its end. The characters may be
-    /// changed and stay valid until the next call. False at the end of the file, after a read error
+    /// changed and stay valid until the call after the next one, so that they can be looked at while more are
+    /// read. False at the end of the file, after a read error
     /// (failed()) and when the progress callback said so (cancelled()).
     bool next(char*& begin, char*& end);
 
@@ -33,19 +34,25 @@ public:
     QString error() const { return m_error; }
 
 private:
-    bool refill();
-    void makeRoom();
+    /// Text with room for `capacity` bytes.
+    struct Block {
+        std::unique_ptr<char[]> text;
+        std::size_t capacity = 0;
+    };
+
+    void turnBlock();
+    bool readMore();
 
     QFile m_file;
     QString m_error;
     std::function<bool(double)> m_progress;
-    std::unique_ptr<char[]> m_text;
-    std::size_t m_capacity = 0;
-    std::size_t m_begin = 0; // of the lines to come in m_text
-    std::size_t m_searched = 0; // no line end in [m_begin, m_searched)
+    Block m_blocks[2];
+    int m_current = 0;
+    std::size_t m_begin = 0; // of the lines to come in the current block
     std::size_t m_end = 0; // of the text read so far
-    qint64 m_blockStart = 0; // position of m_text in the file
+    qint64 m_blockStart = 0; // position of the block in the file
     qint64 m_size = 0;
+    bool m_first = false; // the current block is the first and was not given yet
     bool m_failed = false;
     bool m_cancelled = false;
     bool m_atEnd = false;

@@ -52,11 +52,14 @@ void PlainLines::read(char* begin, char* end)
 
 void PlainLines::store(const double* row)
 {
-    for (size_t i = 0; i < m_values.size(); ++i) {
-        std::vector<double>& values = m_values[i];
-        if (size_t(m_lines) == values.size())
-            values.resize(std::max<size_t>(1024, 2 * values.size()));
-        values[size_t(m_lines)] = row[i];
+    if (m_lines == m_room) {
+        m_room = std::max(1024, 2 * m_room);
+        for (size_t i = 0; i < m_values.size(); ++i) {
+            m_values[i].resize(size_t(m_room));
+            m_columns[i] = m_values[i].data();
+        }
     }
+    for (size_t i = 0; i < m_values.size(); ++i)
+        m_columns[i][m_lines] = row[i];
     ++m_lines;
 }

@@ -45,6 +45,8 @@ private:
 
     LineWalker m_walker;
     std::vector<std::vector<double>> m_values;
+    double* m_columns[FormatTemplate::maxVariables] = {}; // where these stand
+    int m_room = 0; // lines that they can take
     std::vector<Numbering> m_numbering;
     int m_lines = 0;
     qint64 m_textLines = 0;
