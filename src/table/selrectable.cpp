@@ -10,7 +10,9 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollArea>
 #include <QShortcut>
+#include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -163,6 +165,7 @@ void SelRecTable::showTexts()
     m_frequencyMenu->actions().last()->setText(tr("Настроить"));
     fillStatisticMenus();
     showSpectrumTexts();
+    fitCommands();
 }
 
 void SelRecTable::activateBtns(bool on)
@@ -197,6 +200,28 @@ void SelRecTable::updateEmptyState()
     ui->diffRecBtn->setEnabled(free_row > 1);
     ui->mergeRecBtn->setEnabled(free_row > 1);
     emit rowsChanged();
+}
+
+QSize SelRecTable::sizeHint() const
+{
+    const QMargins margins = layout()->contentsMargins();
+    const int width = ui->commandArea->sizeHint().width() + margins.left() + margins.right();
+    return QWidget::sizeHint().expandedTo(QSize(width, 0));
+}
+
+/// In a window too narrow for the commands these can be scrolled, by a bar below them.
+void SelRecTable::fitCommands()
+{
+    const QSize wanted = ui->commandArea->minimumSizeHint();
+    const bool narrow = ui->commandScroll->width() < wanted.width();
+    const int bar = narrow ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    ui->commandScroll->setFixedHeight(wanted.height() + bar);
+}
+
+void SelRecTable::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitCommands();
 }
 
 void SelRecTable::on_addRecBtn_clicked()

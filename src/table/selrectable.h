@@ -39,6 +39,9 @@ public:
     explicit SelRecTable(QWidget* parent = nullptr);
     ~SelRecTable() override;
 
+    /// Wide enough for all commands to show without scrolling.
+    QSize sizeHint() const override;
+
     /// The records as loaded, one a row.
     Record load_record[maxRecords];
     /// Rows in use, and the index of the next free row.
@@ -130,6 +133,7 @@ public slots:
 protected:
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     // rows
@@ -137,6 +141,7 @@ private:
     void buildActions();
     void buildKeys();
     void updateEmptyState();
+    void fitCommands();
     void showTexts();
     int selectedRow() const;
     bool isChecked(int row) const;
