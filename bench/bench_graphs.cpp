@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iostream>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -46,22 +47,30 @@ void compare(benchmark::State& state, double bound, const Yardstick& yardstick, 
     state.counters["bound"] = bound;
 }
 
-/// White phase noise, which is the hardest to draw: every line crosses the plot.
-void fill(Record* records, int count)
+/// White phase noise, whose lines all cross the plot, or a random walk, whose lines are short.
+std::vector<Record> recordsOf(int count, bool walk)
 {
+    std::vector<Record> records(static_cast<size_t>(count));
     Lehmer random;
-    for (int i = 0; i < count; ++i)
-        fillRecord(
-            records[i], samples, 1.0, [&](int) { return 1e-9 * random.next(); }, i + 1);
+    for (int i = 0; i < count; ++i) {
+        double sum = 0.0;
+        const auto next = [&](int) {
+            const double step = 1e-9 * random.next();
+            sum += step - 0.5e-9;
+            return walk ? sum : step;
+        };
+        fillRecord(records[size_t(i)], samples, 1.0, next, i + 1);
+    }
+    return records;
 }
 
 class Bare {
 public:
-    explicit Bare(Record* records, int count)
+    explicit Bare(std::vector<Record>& records)
     {
-        for (int i = 0; i < count; ++i) {
+        for (Record& record : records) {
             auto* curve = new QwtPlotCurve;
-            curve->setRawSamples(records[i].t.DayData(0), records[i].x.DayData(0), samples);
+            curve->setRawSamples(record.t.DayData(0), record.x.DayData(0), samples);
             curve->attach(&m_plot);
         }
         m_plot.resize(windowSize);
@@ -85,11 +94,11 @@ private:
     QwtPlot m_plot;
 };
 
-std::unique_ptr<PhaseForm> graphOf(Record* records, int count)
+std::unique_ptr<PhaseForm> graphOf(std::vector<Record>& records)
 {
     auto graph = std::make_unique<PhaseForm>(nullptr);
     graph->resize(windowSize);
-    graph->addRecords(records, count, 0, 1.0);
+    graph->addRecords(records.data(), int(records.size()), 0, 1.0);
     graph->show();
     QApplication::processEvents();
     return graph;
@@ -97,42 +106,54 @@ std::unique_ptr<PhaseForm> graphOf(Record* records, int count)
 
 void open(benchmark::State& state)
 {
-    const int count = int(state.range(0));
-    const std::unique_ptr<Record[]> records(new Record[size_t(count)]);
-    fill(records.get(), count);
+    std::vector<Record> records = recordsOf(int(state.range(0)), state.range(1) != 0);
     compare(
-        state, 3.0, [&] { Bare(records.get(), count).show(); }, [&] { graphOf(records.get(), count); });
+        state, 3.0, [&] { Bare(records).show(); }, [&] { graphOf(records); });
 }
 
 /// A redraw after a zoom to a half of the day, and to a minute of it.
 void zoom(benchmark::State& state)
 {
-    constexpr int count = 32;
     const double width = double(state.range(0));
-    const std::unique_ptr<Record[]> records(new Record[count]);
-    fill(records.get(), count);
-    Bare bare(records.get(), count);
+    std::vector<Record> records = recordsOf(32, state.range(1) != 0);
+    Bare bare(records);
     bare.show();
-    const std::unique_ptr<PhaseForm> graph = graphOf(records.get(), count);
+    const std::unique_ptr<PhaseForm> graph = graphOf(records);
+    const QwtInterval y = graph->plot->plot()->axisInterval(0);
     double from = 0.0;
     compare(
         state, 2.0, [&] { bare.zoom(from, from + width); },
         [&] {
             MultiAxisPlot* plot = graph->plot->plot();
-            plot->moveZoom(0, QRectF(from, 0.0, width, 1e-9));
+            plot->moveZoom(0, QRectF(from, y.minValue(), width, y.width()));
             graph->plot->replot();
             QApplication::processEvents();
             from += 60.0;
         });
 }
 
-BENCHMARK(open)->Arg(1)->Arg(32)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
-BENCHMARK(zoom)->Arg(43200)->Arg(60)->UseManualTime()->Iterations(20)->Unit(benchmark::kMillisecond);
+BENCHMARK(open)
+    ->ArgNames({"curves", "walk"})
+    ->ArgsProduct({{1, 32}, {0, 1}})
+    ->UseManualTime()
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(zoom)
+    ->ArgNames({"width", "walk"})
+    ->ArgsProduct({{60, 43200}, {0, 1}})
+    ->UseManualTime()
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
 
 int main(int argc, char** argv)
 {
+    // Records tell a lot.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtFatalMsg)
+            std::cerr << qPrintable(text) << '\n';
+    });
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
