@@ -56,19 +56,13 @@ void writeFile(const QString& name, const QByteArray& content)
         throw DataFault(QStringLiteral("%1: cannot be written: %2").arg(name, file.errorString()));
 }
 
-void writeFolder(
-    const QVector<CliResult>& results, const CliOptions& options, const QByteArray& table, QStringList& notes)
+void writeFolder(const CliWork& work, const CliOptions& options, const QByteArray& table, QStringList& notes)
 {
     const QDir folder(options.outputFolder);
     if (!folder.mkpath(QStringLiteral(".")))
         throw DataFault(QStringLiteral("%1: the folder cannot be made").arg(options.outputFolder));
     writeFile(folder.filePath(tableFileName(options)), table);
-    if (options.content != Content::Stability)
-        return;
-    for (const Statistic statistic : options.statistics) {
-        const QString name = statisticKey(statistic, options.overlap) + QLatin1Char('.') + options.plotType;
-        notes << writeGraph(results, statistic, options, folder.filePath(name));
-    }
+    writeGraphs(work, options, folder, notes);
 }
 
 QByteArray lines(const QStringList& texts)
@@ -86,12 +80,12 @@ CliOutcome runCommand(const CliOptions& options)
     CliOutcome outcome;
     QStringList notes;
     try {
-        if (options.content == Content::Spectrum)
+        if (options.needsSpectrum())
             prepareSpectra(options, notes);
-        const QVector<CliResult> results = computeAll(options, notes);
-        const QByteArray table = tableText(results, options);
+        const CliWork work = computeAll(options, notes);
+        const QByteArray table = tableText(work.results, options);
         if (!options.outputFolder.isEmpty())
-            writeFolder(results, options, table, notes);
+            writeFolder(work, options, table, notes);
         outcome.out = table;
     } catch (const DataFault& fault) {
         notes << QString::fromUtf8(fault.what());

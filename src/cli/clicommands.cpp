@@ -35,10 +35,17 @@ constexpr ModeName mergeModes[] = {
     {"gap", MergeMode::KeepGap},
 };
 
-bool isCross(Pairing pairing)
-{
-    return pairing == Pairing::Cross || pairing == Pairing::ThreeCorner;
-}
+struct GraphName {
+    const char* name;
+    Graph graph;
+};
+
+constexpr GraphName graphNames[] = {
+    {"phase", Graph::Phase},
+    {"freq", Graph::Frequency},
+    {"spectrum", Graph::Spectrum},
+    {"stability", Graph::Stability},
+};
 
 std::optional<double> readLimit(const QCommandLineParser& parser, const char* name)
 {
@@ -132,27 +139,70 @@ void readContent(const QCommandLineParser& parser, CliOptions& options)
     const bool minmax = isGiven(parser, "minmax");
     if (spectrum && minmax)
         throw Misuse{QStringLiteral("--spectrum and --minmax exclude each other")};
-    if (minmax && isCross(options.pairing))
+    if (minmax && options.isCross())
         throw Misuse{
             QStringLiteral("--minmax does not go with --cross and --three-corner, which make no record")};
     options.content = spectrum ? Content::Spectrum : minmax ? Content::MinMax : Content::Stability;
-    if (spectrum || minmax) {
-        for (const char* name : {"plot", "stat", "overlap", "points-per-tau"}) {
-            if (isGiven(parser, name))
-                throw Misuse{QStringLiteral("--%1 does not go with --spectrum and --minmax")
-                                 .arg(QString::fromLatin1(name))};
-        }
+}
+
+Graph graphOf(Content content)
+{
+    return content == Content::Spectrum ? Graph::Spectrum
+        : content == Content::MinMax    ? Graph::Phase
+                                        : Graph::Stability;
+}
+
+Graph graphNamed(const QString& name)
+{
+    for (const GraphName& known : graphNames) {
+        if (name == QLatin1String(known.name))
+            return known.graph;
+    }
+    throw Misuse{QStringLiteral("--graph: unknown graph \"%1\"; known are phase, freq, spectrum, stability")
+                     .arg(name)};
+}
+
+/// The graphs asked for, else the one of what the table holds.
+void readGraphs(const QCommandLineParser& parser, CliOptions& options)
+{
+    const bool given = valueOf(parser, "graph").has_value();
+    if (given && options.outputFolder.isEmpty())
+        throw Misuse{QStringLiteral("--graph needs --out")};
+    if (!given && !options.outputFolder.isEmpty())
+        options.graphs << graphOf(options.content);
+    const QString list = parser.values(QStringLiteral("graph")).join(QLatin1Char(','));
+    for (const QString& name : given ? list.split(QLatin1Char(',')) : QStringList()) {
+        const Graph graph = graphNamed(name.trimmed().toLower());
+        if (!options.graphs.contains(graph))
+            options.graphs << graph;
+    }
+    options.freqInterval = numberOf(parser, "freq-interval", options.freqInterval);
+    if (isGiven(parser, "freq-interval") && !options.graphs.contains(Graph::Frequency))
+        throw Misuse{QStringLiteral("--freq-interval needs --graph freq")};
+    if (options.freqInterval <= 0.0)
+        throw Misuse{QStringLiteral("--freq-interval must be above 0")};
+}
+
+/// Refuses options of what is neither put out nor drawn.
+void checkContent(const QCommandLineParser& parser, CliOptions& options)
+{
+    for (const char* name : {"stat", "overlap", "points-per-tau"}) {
+        if (isGiven(parser, name) && !options.needsStability())
+            throw Misuse{
+                QStringLiteral("--%1 does not go with --spectrum and --minmax, unless --graph stability asks "
+                               "for it")
+                    .arg(QString::fromLatin1(name))};
     }
     options.carrier = numberOf(parser, "carrier", options.carrier);
-    if (isGiven(parser, "carrier") && !spectrum)
-        throw Misuse{QStringLiteral("--carrier needs --spectrum")};
+    if (isGiven(parser, "carrier") && !options.needsSpectrum())
+        throw Misuse{QStringLiteral("--carrier needs --spectrum or --graph spectrum")};
     if (options.carrier <= 0.0)
         throw Misuse{QStringLiteral("--carrier must be above 0")};
 }
 
 void checkStatistics(const QCommandLineParser& parser, const CliOptions& options)
 {
-    if (!isCross(options.pairing))
+    if (!options.isCross())
         return;
     for (const Statistic statistic : options.statistics) {
         if (!crossKernel(statistic, options.overlap))
@@ -221,6 +271,14 @@ void addCommands(QCommandLineParser& parser)
             QStringLiteral("MHZ")},
         {QStringLiteral("minmax"),
             QStringLiteral("Puts out the samples, reduced to 5000 pairs of minimum and maximum.")},
+        {QStringLiteral("graph"),
+            QStringLiteral("Graphs for --out, by commas: phase, freq, spectrum, stability. Default: that of "
+                           "the table."),
+            QStringLiteral("LIST")},
+        {QStringLiteral("freq-interval"),
+            QStringLiteral("Seconds over which --graph freq takes each frequency. Default: 1, or the "
+                           "interval of the samples."),
+            QStringLiteral("S")},
     });
 }
 
@@ -230,6 +288,8 @@ void readCommands(const QCommandLineParser& parser, CliOptions& options)
     readPairing(parser, options);
     readMerge(parser, options);
     readContent(parser, options);
+    readGraphs(parser, options);
+    checkContent(parser, options);
     checkStatistics(parser, options);
     if (options.pairing == Pairing::None) {
         readSignals(parser, options, 0);

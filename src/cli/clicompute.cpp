@@ -2,6 +2,7 @@
 
 #include "cli/clicross.h"
 #include "cli/cliderive.h"
+#include "table/core/frequencyseries.h"
 #include "table/core/minmax.h"
 #include "table/core/phaseseries.h"
 #include "table/core/recordspectra.h"
@@ -28,11 +29,8 @@ PhaseSeries seriesOf(LoadedRecord& loaded, const CliOptions& options)
     return series;
 }
 
-void computeStability(LoadedRecord& loaded, const CliOptions& options)
+void computeStability(PhaseSeries& series, CliResult& result, const CliOptions& options)
 {
-    CliResult& result = loaded.result;
-    PhaseSeries series = seriesOf(loaded, options);
-    deleteRecord(&loaded.record); // the series is all that is needed now
     result.scale = tauScale(1, series.size(), result.interval);
     StabilityOptions work;
     work.interval = result.interval;
@@ -43,27 +41,37 @@ void computeStability(LoadedRecord& loaded, const CliOptions& options)
     }
 }
 
-void computeSpectrum(LoadedRecord& loaded, const CliOptions& options)
+void computeSpectrum(PhaseSeries& series, CliResult& result, const CliOptions& options, CliWork& work)
 {
-    PhaseSeries series = seriesOf(loaded, options);
-    deleteRecord(&loaded.record);
-    PhaseSpectrum spectrum = recordSpectrum(series, loaded.result.interval);
+    PhaseSpectrum spectrum = recordSpectrum(series, result.interval);
     if (spectrum.frequency.empty()) {
-        throw DataFault(loaded.result.title
+        throw DataFault(result.title
             + QStringLiteral(": too few samples for a spectrum: %1, at least 128 are needed")
                   .arg(series.size()));
     }
-    loaded.result.series = spectrumColumns(std::move(spectrum));
+    addSpectrum(std::move(spectrum), result, options, work);
 }
 
-void computeMinMax(LoadedRecord& loaded, const CliOptions& options, QStringList& notes)
+GraphSeries reduced(Record& record, const QString& title, QStringList& notes)
 {
-    removeDrift(loaded, options);
-    GraphSeries reduced = minMaxSeries(loaded.record, 0.0, false);
-    if (!reduced.complete)
-        notes << loaded.result.title + QStringLiteral(": some runs without gaps are too short to be shown");
-    loaded.result.series = {{QStringLiteral("t"), std::move(reduced.t), 'g', 10},
-        {QStringLiteral("x"), std::move(reduced.x), 'e', 9}};
+    GraphSeries series = minMaxSeries(record, 0.0, false);
+    const QString note = title + QStringLiteral(": some runs without gaps are too short to be shown");
+    if (!series.complete && !notes.contains(note))
+        notes << note;
+    return series;
+}
+
+void computeMinMax(LoadedRecord& loaded, QStringList& notes)
+{
+    GraphSeries series = reduced(loaded.record, loaded.result.title, notes);
+    loaded.result.series = {{QStringLiteral("t"), std::move(series.t), 'g', 10},
+        {QStringLiteral("x"), std::move(series.x), 'e', 9}};
+}
+
+SeriesCurve curveOf(Record& record, const QString& title, unsigned short axis, QStringList& notes)
+{
+    GraphSeries series = reduced(record, title, notes);
+    return {0, title, std::move(series.t), std::move(series.x), axis, record.start, record.stop};
 }
 
 void nameSignals(std::vector<std::unique_ptr<LoadedRecord>>& records, const CliOptions& options)
@@ -83,42 +91,67 @@ void nameSignals(std::vector<std::unique_ptr<LoadedRecord>>& records, const CliO
 
 } // namespace
 
-QVector<CliResult> computeAll(const CliOptions& options, QStringList& notes)
+CliWork computeAll(const CliOptions& options, QStringList& notes)
 {
-    QVector<CliResult> results;
+    CliWork work;
     std::vector<std::unique_ptr<LoadedRecord>> records;
     for (int file = 0; file < options.files.size(); ++file) {
         loadFile(file, options, notes, [&](std::unique_ptr<LoadedRecord> loaded) {
             if (options.pairing == Pairing::None)
-                results.append(computeRecord(*loaded, options, notes));
+                computeRecord(*loaded, options, work, notes);
             else
                 records.push_back(std::move(loaded));
         });
     }
     if (options.pairing == Pairing::None)
-        return results;
+        return work;
     nameSignals(records, options);
-    if (options.pairing == Pairing::Cross || options.pairing == Pairing::ThreeCorner)
-        return crossResults(std::move(records), options, notes);
-    const std::unique_ptr<LoadedRecord> derived = derivedRecord(std::move(records), options, notes);
-    return {computeRecord(*derived, options, notes)};
+    if (options.isCross()) {
+        addCrossResults(std::move(records), options, work, notes);
+    } else {
+        const std::unique_ptr<LoadedRecord> derived = derivedRecord(std::move(records), options, notes);
+        computeRecord(*derived, options, work, notes);
+    }
+    return work;
 }
 
-CliResult computeRecord(LoadedRecord& loaded, const CliOptions& options, QStringList& notes)
+void computeRecord(LoadedRecord& loaded, const CliOptions& options, CliWork& work, QStringList& notes)
 {
     checkRecord(loaded, notes);
-    switch (options.content) {
-    case Content::Spectrum:
-        computeSpectrum(loaded, options);
-        break;
-    case Content::MinMax:
-        computeMinMax(loaded, options, notes);
-        break;
-    case Content::Stability:
-        computeStability(loaded, options);
-        break;
+    PhaseSeries series;
+    if (options.removeDrift || options.needsStability() || options.needsSpectrum())
+        series = seriesOf(loaded, options);
+    addSeriesCurves(loaded, options, work, notes);
+    if (options.content == Content::MinMax)
+        computeMinMax(loaded, notes);
+    deleteRecord(&loaded.record); // the series is all that is needed now
+    if (options.needsStability())
+        computeStability(series, loaded.result, options);
+    if (options.needsSpectrum())
+        computeSpectrum(series, loaded.result, options, work);
+    work.results.append(std::move(loaded.result));
+}
+
+void addSeriesCurves(LoadedRecord& loaded, const CliOptions& options, CliWork& work, QStringList& notes)
+{
+    constexpr unsigned short frequencyAxis = 4; // the first one of frequencies
+    const QString& title = loaded.result.title;
+    if (options.graphs.contains(Graph::Phase))
+        work.phases.append(curveOf(loaded.record, title, 0, notes));
+    if (!options.graphs.contains(Graph::Frequency))
+        return;
+    Record frequencies;
+    frequencySeries(loaded.record, options.freqInterval, frequencies);
+    if (frequencies.n_cnt == 0) {
+        notes << title
+                + QStringLiteral(": no frequency in the graph: no samples lie %1 s apart")
+                      .arg(frequencies.Kdec, 0, 'g', 10);
+        return;
     }
-    return std::move(loaded.result);
+    if (work.frequencies.isEmpty())
+        work.freqInterval = frequencies.Kdec;
+    frequencies.stop = loaded.record.stop; // so that both graphs span the same days
+    work.frequencies.append(curveOf(frequencies, title, frequencyAxis, notes));
 }
 
 void checkRecord(const LoadedRecord& loaded, QStringList& notes)
@@ -150,9 +183,13 @@ void removeDrift(LoadedRecord& loaded, const CliOptions& options)
         seriesOf(loaded, options);
 }
 
-QVector<CliSeries> spectrumColumns(PhaseSpectrum&& spectrum)
+void addSpectrum(PhaseSpectrum&& spectrum, CliResult& result, const CliOptions& options, CliWork& work)
 {
-    return {{QStringLiteral("f_mHz"), std::move(spectrum.frequency), 'g', 10},
+    if (options.graphs.contains(Graph::Spectrum))
+        work.spectra.append({0, result.title, spectrum.frequency, spectrum.phase, result.start, result.stop});
+    if (options.content != Content::Spectrum)
+        return;
+    result.series = {{QStringLiteral("f_mHz"), std::move(spectrum.frequency), 'g', 10},
         {QStringLiteral("phase_dBc"), std::move(spectrum.phase), 'f', 3},
         {QStringLiteral("frequency_dBc"), std::move(spectrum.rate), 'f', 3}};
 }

@@ -52,38 +52,44 @@ template <class Series> CliResult frameOf(const Series& series, const Records& r
     return frame;
 }
 
-/// One result a row. `values` gives the stability of all rows under a kernel, `spectra` their spectra.
-template <class Values, class Spectra>
-QVector<CliResult> rowResults(const QVector<CrossRow>& rows, const CliResult& frame,
-    const CliOptions& options, Values values, Spectra spectra)
+/// `values` gives the stability of all results under a kernel.
+template <class Values>
+void addStability(QVector<CliResult>& results, const CliOptions& options, Values values)
 {
-    QVector<CliResult> results(rows.size(), frame);
-    for (int i = 0; i < rows.size(); ++i)
-        results[i].title = rows[i].name;
-    if (options.content == Content::Spectrum) {
-        std::vector<PhaseSpectrum> all = spectra();
-        for (int i = 0; i < rows.size(); ++i) {
-            if (size_t(i) >= all.size() || all[size_t(i)].frequency.empty())
-                throw DataFault(
-                    QStringLiteral("too few common samples for a spectrum: %1, at least 128 are needed")
-                        .arg(frame.samples));
-            results[i].series = spectrumColumns(std::move(all[size_t(i)]));
-        }
-        return results;
-    }
-    const TauScale scale = tauScale(1, long(frame.samples), frame.interval);
+    if (results.isEmpty() || !options.needsStability())
+        return;
+    const TauScale scale = tauScale(1, long(results.first().samples), results.first().interval);
     for (const Statistic statistic : options.statistics) {
         std::vector<std::vector<double>> all = values(crossKernel(statistic, options.overlap), scale);
-        for (int i = 0; i < rows.size(); ++i) {
+        for (int i = 0; i < results.size(); ++i) {
             results[i].scale = scale;
             results[i].columns.append(
                 {statistic, size_t(i) < all.size() ? std::move(all[size_t(i)]) : std::vector<double>()});
         }
     }
-    return results;
 }
 
-QVector<CliResult> ofTwo(Records& records, const CliOptions& options, QStringList& notes)
+/// One result a row. `values` gives the stability of all rows under a kernel, `spectra` their spectra.
+template <class Values, class Spectra>
+void addRows(const QVector<CrossRow>& rows, const CliResult& frame, const CliOptions& options, CliWork& work,
+    Values values, Spectra spectra)
+{
+    QVector<CliResult> results(rows.size(), frame);
+    for (int i = 0; i < rows.size(); ++i)
+        results[i].title = rows[i].name;
+    addStability(results, options, values);
+    std::vector<PhaseSpectrum> all = options.needsSpectrum() ? spectra() : std::vector<PhaseSpectrum>();
+    for (int i = 0; i < rows.size() && options.needsSpectrum(); ++i) {
+        if (size_t(i) >= all.size() || all[size_t(i)].frequency.empty())
+            throw DataFault(
+                QStringLiteral("too few common samples for a spectrum: %1, at least 128 are needed")
+                    .arg(frame.samples));
+        addSpectrum(std::move(all[size_t(i)]), results[i], options, work);
+    }
+    work.results += results;
+}
+
+void addOfTwo(Records& records, const CliOptions& options, CliWork& work, QStringList& notes)
 {
     Record& a = records[0]->record;
     Record& b = records[1]->record;
@@ -97,13 +103,13 @@ QVector<CliResult> ofTwo(Records& records, const CliOptions& options, QStringLis
         refuse(status);
     const QVector<CrossRow> rows = crossRows(a, b);
     release(records);
-    return rowResults(
-        rows, frameOf(series, records, notes), options,
+    addRows(
+        rows, frameOf(series, records, notes), options, work,
         [&](CrossKernel kernel, const TauScale& scale) { return crossStability(kernel, series, scale); },
         [&] { return crossSpectra(series); });
 }
 
-QVector<CliResult> ofThree(Records& records, const CliOptions& options, QStringList& notes)
+void addOfThree(Records& records, const CliOptions& options, CliWork& work, QStringList& notes)
 {
     Record& a = records[0]->record;
     Record& b = records[1]->record;
@@ -114,19 +120,23 @@ QVector<CliResult> ofThree(Records& records, const CliOptions& options, QStringL
         refuse(status);
     const QVector<CrossRow> rows = hatRows(a, b, c);
     release(records);
-    return rowResults(
-        rows, frameOf(series, records, notes), options,
+    addRows(
+        rows, frameOf(series, records, notes), options, work,
         [&](CrossKernel kernel, const TauScale& scale) { return hatStability(kernel, series, scale); },
         [&] { return hatSpectra(series); });
 }
 
 } // namespace
 
-QVector<CliResult> crossResults(Records records, const CliOptions& options, QStringList& notes)
+void addCrossResults(Records records, const CliOptions& options, CliWork& work, QStringList& notes)
 {
     for (const auto& loaded : records) {
         checkRecord(*loaded, notes);
         removeDrift(*loaded, options);
+        addSeriesCurves(*loaded, options, work, notes);
     }
-    return records.size() == 3 ? ofThree(records, options, notes) : ofTwo(records, options, notes);
+    if (records.size() == 3)
+        addOfThree(records, options, work, notes);
+    else
+        addOfTwo(records, options, work, notes);
 }

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "cli/clitable.h"
+#include "cli/clioptions.h"
 
-#include <QString>
 #include <QStringList>
-#include <QVector>
 
-/// Writes the graph of one statistic, in the form that the ending of `fileName` names (png, svg or pdf).
-/// Needs a QApplication. Tells which curves stayed out; without any curve no file is written. Throws
-/// DataFault when the file cannot be written.
-QStringList writeGraph(const QVector<CliResult>& results, Statistic statistic, const CliOptions& options,
-    const QString& fileName);
+class QDir;
+struct CliWork;
+
+/// Writes the graphs that `options` ask for into `folder`: "phase", "freq", "spectrum", and one for each
+/// statistic, in the form of options.plotType. Needs a QApplication. Notes tell which curves stayed out; a
+/// graph without any curve is not written. Throws DataFault when a file cannot be written.
+void writeGraphs(const CliWork& work, const CliOptions& options, const QDir& folder, QStringList& notes);

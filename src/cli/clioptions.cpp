@@ -21,6 +21,7 @@ Examples:
   kronalys-cli --diff maser.txt clock.txt
   kronalys-cli --cross --signals "A-B,A-C" ab.txt ac.txt
   kronalys-cli --limit-y 1e-9 --spectrum --csv clock.txt
+  kronalys-cli --out result --graph phase,freq,stability --freq-interval 100 clock.txt
 
 Exit status: 0 done, 1 the data cannot be read or processed, 2 the command line is wrong.
 )";
@@ -80,8 +81,7 @@ void addOptions(QCommandLineParser& parser)
             QStringLiteral("Reports lines that do not fit, and goes on without them.")},
         {QStringLiteral("csv"), QStringLiteral("Comma separated table.")},
         {QStringLiteral("json"), QStringLiteral("JSON with one object for each file.")},
-        {QStringLiteral("out"),
-            QStringLiteral("Writes the table and a graph of each statistic to this folder too."),
+        {QStringLiteral("out"), QStringLiteral("Writes the table and its graphs to this folder too."),
             QStringLiteral("DIR")},
         {QStringLiteral("plot"), QStringLiteral("Kind of graph file: png, svg or pdf. Default: png."),
             QStringLiteral("TYPE")},

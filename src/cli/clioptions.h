@@ -24,6 +24,9 @@ enum class Pairing {
 /// What is put out.
 enum class Content { Stability, Spectrum, MinMax };
 
+/// What a picture in the output folder shows.
+enum class Graph { Phase, Frequency, Spectrum, Stability };
+
 /// The names of the signals of one record.
 struct SignalPair {
     QString measured;
@@ -56,6 +59,12 @@ struct CliOptions {
     TableStyle style = TableStyle::Aligned;
     QString outputFolder; ///< empty for no files
     QString plotType; ///< "png", "svg" or "pdf"
+    QVector<Graph> graphs; ///< to be drawn, without repetition; none without an output folder
+    double freqInterval = 1.0; ///< s, of the graph of the frequency, see frequencyInterval
+
+    bool isCross() const { return pairing == Pairing::Cross || pairing == Pairing::ThreeCorner; }
+    bool needsStability() const { return content == Content::Stability || graphs.contains(Graph::Stability); }
+    bool needsSpectrum() const { return content == Content::Spectrum || graphs.contains(Graph::Spectrum); }
 };
 
 /// The outcome of reading the command line.

@@ -52,9 +52,7 @@ int main(int argumentCount, char** arguments)
     QTranslator translator;
     auto application = std::make_unique<QCoreApplication>(argumentCount, arguments);
     const CliCommand command = readCommandLine(QCoreApplication::arguments(), AVAR_numPT_perTau);
-    const bool graphs =
-        !command.options.outputFolder.isEmpty() && command.options.content == Content::Stability;
-    if (command.kind == CliCommand::Kind::Run && graphs) {
+    if (command.kind == CliCommand::Kind::Run && !command.options.graphs.isEmpty()) {
         application.reset();
         // Graphs are drawn into files only. The user's own platform would end the program where its display
         // is away.

@@ -63,6 +63,14 @@ void setTimeAxis(AvarForm& form, const SeriesScope& scope)
     form.isDayPlot = scope.kind == SeriesKind::Day;
     form.xAxisKind = 1;
     form.startTime = scope.start;
+    form.interval = scope.frequency ? scope.interval : 1.0;
+    if (scope.kind == SeriesKind::Hour) {
+        // Hours are counted from a whole one.
+        form.startTime.setTime(QTime(scope.start.time().hour(), 0));
+        form.interval = 3600.0;
+    } else if (scope.kind == SeriesKind::Day) {
+        form.interval = 86400.0;
+    }
     if (scope.kind != SeriesKind::MinMax)
         return;
     const bool clock = scope.start.date().daysTo(scope.stop.date()) + 1 < clockDays;
@@ -102,6 +110,7 @@ void showSeries(AvarForm& form, const SeriesScope& scope, const QVector<SeriesCu
 {
     form.plotKind = scope.frequency ? 1 : 0;
     form.setTitleSource([scope] { return seriesTitle(scope); });
+    form.setPictureNote([scope] { return seriesTitle(scope); });
     form.setWindowIcon(
         QIcon(scope.frequency ? QStringLiteral(":/bmp/B_FR_DIF.bmp") : QStringLiteral(":/bmp/B_SAMP.bmp")));
     setTimeAxis(form, scope);

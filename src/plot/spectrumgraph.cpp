@@ -20,7 +20,9 @@ QString spectrumTitle()
 void showSpectra(AvarForm& form, bool ofFrequency, const QVector<SpectrumCurve>& curves, bool driftRemoved)
 {
     form.setSpectrum(ofFrequency);
-    form.setTitleSource([driftRemoved] { return spectrumTitle() + notesText({driftRemoved, false, false}); });
+    const StabilityNotes notes{driftRemoved, false, false};
+    form.setTitleSource([notes] { return spectrumTitle() + notesText(notes); });
+    form.setPictureNote([notes] { return pictureTitle(spectrumTitle(), notes); });
     form.setWindowIcon(QIcon(QStringLiteral(":/bmp/B_SPEC.bmp")));
     for (const SpectrumCurve& curve : curves) {
         if (curve.frequency.size() < fewestPoints || form.curveCount >= PlotForm::curveLimit)

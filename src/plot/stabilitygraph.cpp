@@ -70,17 +70,19 @@ QString notesText(const StabilityNotes& notes)
     return StabilityGraph::text(notes);
 }
 
+QString pictureTitle(const QString& title, const StabilityNotes& notes)
+{
+    const QString text = title + notesText(notes);
+    return text.endsWith(QLatin1Char('.')) ? text.chopped(1) : text;
+}
+
 QStringList showStability(
     AvarForm& form, Statistic statistic, const QVector<StabilityCurve>& curves, const StabilityNotes& notes)
 {
     form.setStability(statistic);
     form.setTitleSource([statistic, notes] { return statisticName(statistic) + notesText(notes); });
-    form.setPictureNote([statistic, notes, &form] {
-        QString text = statisticName(statistic) + notesText(notes);
-        if (text.endsWith('.'))
-            text.chop(1);
-        return text + tauRange(form);
-    });
+    form.setPictureNote(
+        [statistic, notes, &form] { return pictureTitle(statisticName(statistic), notes) + tauRange(form); });
     form.setWindowIcon(
         QIcon(notes.cross ? QStringLiteral(":/bmp/B_VARCross.bmp") : QStringLiteral(":/bmp/B_VAR.bmp")));
     QStringList leftOut;

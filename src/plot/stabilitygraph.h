@@ -31,6 +31,9 @@ struct StabilityNotes {
 /// The notes in words, to follow the name of a statistic; each begins with a full stop. Empty without any.
 QString notesText(const StabilityNotes& notes);
 
+/// A title with the notes, as it stands in a picture: without a full stop at its end.
+QString pictureTitle(const QString& title, const StabilityNotes& notes);
+
 /// Curves of this many points or fewer are not drawn.
 constexpr size_t stabilityPointsTooFew = 10;
 

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -33,6 +34,19 @@ QVector<QVector<double>> columnsOf(const QByteArray& csv)
     return columns;
 }
 
+/// Pixels in colour, which curves alone have.
+int colouredPixels(const QImage& image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            count += color.saturation() > 150 ? 1 : 0;
+        }
+    }
+    return count;
+}
+
 } // namespace
 
 class TestCliCommands : public QObject {
@@ -58,7 +72,9 @@ private slots:
     void crossSpectrum();
     void minMax();
     void sourcesInJson();
+    void outputFolder_data();
     void outputFolder();
+    void graphsOverTime();
 
 private:
     QString write(const QString& name, int n, const std::function<double(int)>& value);
@@ -116,8 +132,15 @@ void TestCliCommands::misuse_data()
     row("--spectrum --minmax one.txt", "exclude each other");
     row("--minmax --cross one.txt two.txt", "--minmax does not go with --cross");
     row("--spectrum --stat adev one.txt", "--stat does not go with --spectrum");
-    row("--minmax --out o --plot png one.txt", "--plot does not go with");
+    row("--minmax --out o --graph phase,spectrum --overlap one.txt", "--overlap does not go with");
     row("--carrier 10 one.txt", "--carrier needs --spectrum");
+    row("--carrier 10 --out o --graph freq one.txt", "--carrier needs --spectrum");
+    row("--graph phase one.txt", "--graph needs --out");
+    row("--spectrum --plot png one.txt", "--plot needs --out");
+    row("--out o --graph phase,hour one.txt", "unknown graph \"hour\"");
+    row("--out o --graph phase, one.txt", "unknown graph \"\"");
+    row("--out o --freq-interval 5 one.txt", "--freq-interval needs --graph freq");
+    row("--out o --graph freq --freq-interval 0 one.txt", "--freq-interval must be above 0");
     row("--spectrum --carrier 0 one.txt", "--carrier must be above 0");
 }
 
@@ -430,17 +453,68 @@ void TestCliCommands::sourcesInJson()
     QCOMPARE(second["replaced"].toInt(-1), 0);
 }
 
+void TestCliCommands::outputFolder_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("files");
+    const auto row = [](const char* arguments, const char* files) {
+        QTest::newRow(arguments) << QString(arguments) << QString(files);
+    };
+    row("--spectrum", "spectrum.csv spectrum.png");
+    row("--minmax --plot svg", "minmax.csv phase.svg");
+    row("--minmax --graph spectrum", "minmax.csv spectrum.png");
+    row("--graph freq,phase", "freq.png phase.png stability.csv");
+    row("--graph phase --graph spectrum,phase --plot pdf", "phase.pdf spectrum.pdf stability.csv");
+    row("--spectrum --graph stability --stat mdev,tdev", "mdev.png spectrum.csv tdev.png");
+    row("--cross --signals A-B,A-C --graph spectrum,stability,freq two.txt",
+        "adev.png freq.png spectrum.png stability.csv");
+}
+
 void TestCliCommands::outputFolder()
 {
-    for (const char* content : {"spectrum", "minmax"}) {
-        const QString folder = m_home.file(QString("out-") + content);
-        const CliRun done = run({QString("--") + content, "--csv", "--out", folder, "one.txt"});
-        QVERIFY2(done.status == 0 && done.err.isEmpty(), done.err.constData());
-        QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList{QString(content) + ".csv"});
-        QFile file(folder + '/' + content + ".csv");
+    QFETCH(QString, arguments);
+    QFETCH(QString, files);
+    const QString folder = m_home.file("out/" + arguments);
+    write("two.txt", 20000, [](int i) { return 2.0 * i * i; });
+    write("long.txt", 20000, [](int i) { return i * i + 1e3 * (i % 7); });
+    const CliRun done =
+        run(QStringList{"--csv", "--out", folder} + arguments.split(' ') + QStringList{"long.txt"});
+    QVERIFY2(done.status == 0 && done.err.isEmpty(), done.err.constData());
+    QCOMPARE(QDir(folder).entryList(QDir::Files).join(' '), files);
+    QCOMPARE(done.out.startsWith("t,x\n"), arguments.startsWith("--minmax"));
+    for (const QString& name : files.split(' ')) {
+        QFile file(folder + '/' + name);
         QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), done.out);
+        if (name.endsWith(".csv"))
+            QCOMPARE(file.readAll(), done.out);
+        if (!name.endsWith(".png"))
+            continue;
+        QVERIFY2(colouredPixels(QImage(file.fileName())) > 2000, qPrintable(name));
     }
+}
+
+/// What the graphs of phase and frequency show: the texts and the extent of the curves in a picture of lines.
+void TestCliCommands::graphsOverTime()
+{
+    m_home.write(
+        "later.txt", "# 03.03.26 00:00:00\n0 0\n1 1\n2 2\n3 3\n4 4\n5 5\n6 6\n7 7\n8 8\n9 9\n10 10\n11 12\n");
+    const CliRun done = run({"--remove-drift", "--out", "time", "--plot", "svg", "--graph", "phase,freq",
+        "--freq-interval", "20.2", "one.txt", "later.txt"});
+    QCOMPARE(done.status, 0);
+    QCOMPARE(done.err, QByteArray("later.txt: no frequency in the graph: no samples lie 20 s apart\n"));
+    const auto picture = [this](const char* name) {
+        QFile file(m_home.file(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QByteArray phase = picture("time/phase.svg");
+    const QByteArray frequency = picture("time/freq.svg");
+    QVERIFY(phase.contains(">one.txt<") && phase.contains(">later.txt<"));
+    QVERIFY2(phase.contains(">01.03.2026 - 03.03.2026<"), "the bounds are those of all files");
+    QVERIFY2(phase.contains(">03.03<"), "the later file is drawn where its days are");
+    QVERIFY(phase.contains(">Phase difference. Min/Max. Drift removed<"));
+    QVERIFY(frequency.contains(">one.txt<") && !frequency.contains(">later.txt<"));
+    QVERIFY(
+        frequency.contains("Measurement interval 20 s") && frequency.contains(">01.03.2026 - 01.03.2026<"));
 }
 
 QTEST_GUILESS_MAIN(TestCliCommands)
