@@ -21,6 +21,8 @@ namespace {
 
 constexpr int maxMajor = 8;
 constexpr int maxMinor = 5;
+/// The scales take at most this share of the width; those that find no room are shown when they are current.
+constexpr double scalesShare = 0.6;
 /// A logarithmic axis wants a tick at each of 2 to 9.
 constexpr int maxMinorLog = 9;
 
@@ -335,10 +337,14 @@ void MultiAxisPlot::showNative(int number)
 void MultiAxisPlot::updateScales()
 {
     showNative(bottomAxis);
-    QwtPlot::setAxisTitle(xBottom, QwtText(axisAt(bottomAxis).title, QwtText::PlainText));
+    QwtText bottomTitle(axisAt(bottomAxis).title, QwtText::PlainText);
+    bottomTitle.setRenderFlags(Qt::AlignHCenter | Qt::TextWordWrap);
+    QwtPlot::setAxisTitle(xBottom, bottomTitle);
     QVector<PlotScaleDraw::Neighbour> neighbours;
+    bool any = axisAt(m_current).enabled;
     for (int number = 0; number < yAxisCount; ++number) {
         const Axis& axis = axisAt(number);
+        any = any || axis.enabled;
         if (axis.enabled && number != m_current)
             neighbours << PlotScaleDraw::Neighbour{
                 axis.div, axis.scale == Scale::Log10, axis.title, axis.color};
@@ -346,7 +352,12 @@ void MultiAxisPlot::updateScales()
     m_leftDraw->setOwn(axisAt(m_current).title, axisAt(m_current).color, QwtPlot::axisFont(yLeft));
     m_leftDraw->setNeighbours(neighbours);
     showNative(m_current);
-    QwtPlot::enableAxis(yLeft, axisAt(m_current).enabled || !neighbours.isEmpty());
+    const QFont font = axisWidget(yLeft)->font();
+    while (!neighbours.isEmpty() && m_leftDraw->extent(font) > scalesShare * width()) {
+        neighbours.removeLast();
+        m_leftDraw->setNeighbours(neighbours);
+    }
+    QwtPlot::enableAxis(yLeft, any);
     // A neighbour's label may stand at the very end where the current scale has none.
     QwtScaleWidget* widget = axisWidget(yLeft);
     const int half = widget->fontMetrics().height() / 2 + 1;
@@ -363,6 +374,12 @@ void MultiAxisPlot::replot()
     fitAxes();
     updateScales();
     QwtPlot::replot();
+}
+
+void MultiAxisPlot::resizeEvent(QResizeEvent* event)
+{
+    updateScales();
+    QwtPlot::resizeEvent(event);
 }
 
 void MultiAxisPlot::drawItems(

@@ -18,7 +18,8 @@ class QwtScaleEngine;
 
 /// A plot with twelve Y axes, numbers 0 to 11, over one bottom axis, number 20. The scale of the current axis
 /// stands next to the canvas and the other enabled ones side by side left of it; every item is drawn on its
-/// own axis. All axis numbers here are these; the four of the graph library are out of reach for callers.
+/// own axis. Scales that would leave the canvas too little width are left out. All axis numbers here are
+/// these; the four of the graph library are out of reach for callers.
 class MultiAxisPlot : public QwtPlot {
     Q_OBJECT
 public:
@@ -90,6 +91,9 @@ public:
         QPainter* painter, const QRectF& canvasRect, const QwtScaleMap maps[axisCnt]) const override;
 
     void insertLegend(QwtAbstractLegend* legend, LegendPosition position, double ratio = -1.0);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 signals:
     /// An entry of the legend was checked or unchecked by the user.

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -94,7 +95,7 @@ QRect PlotBoxes::rectOf(Box box, Qt::Corner corner, const QRect& canvas) const
     return rect;
 }
 
-QVector<QPolygonF> PlotBoxes::obstaclesOn(const QRect& canvas) const
+PlotBoxes::Obstacles PlotBoxes::obstaclesOn(const QRect& canvas) const
 {
     // The lines are in pixels of the screen; in another picture the canvas has another place and size.
     const QRect screen = m_canvas->contentsRect();
@@ -103,26 +104,32 @@ QVector<QPolygonF> PlotBoxes::obstaclesOn(const QRect& canvas) const
     toCanvas.scale(double(canvas.width()) / std::max(1, screen.width()),
         double(canvas.height()) / std::max(1, screen.height()));
     toCanvas.translate(-screen.left(), -screen.top());
-    QVector<QPolygonF> lines = m_obstacles ? m_obstacles() : QVector<QPolygonF>();
-    for (QPolygonF& line : lines)
+    Obstacles obstacles = m_obstacles ? m_obstacles() : Obstacles();
+    for (QPolygonF& line : obstacles.lines)
         line = toCanvas.map(line);
-    return lines;
+    for (QRectF& name : obstacles.names)
+        name = toCanvas.mapRect(name);
+    return obstacles;
 }
 
-/// The corner for the first box that covers least of the lines and nothing of the boxes in `taken`.
+/// The corner for the first box that covers fewest names, least of the lines and nothing of the boxes in
+/// `taken`.
 QRect PlotBoxes::freeRect(const QRect& canvas, const QVector<QRect>& taken) const
 {
-    const QVector<QPolygonF> lines = obstaclesOn(canvas);
+    const Obstacles obstacles = obstaclesOn(canvas);
     QRect best = rectOf(TopRight, Qt::TopRightCorner, canvas);
-    int least = std::numeric_limits<int>::max();
+    // Names count before lines: a line goes on beside the box.
+    auto least = std::make_pair(std::numeric_limits<int>::max(), 0);
     for (const Qt::Corner corner :
         {Qt::TopRightCorner, Qt::BottomLeftCorner, Qt::TopLeftCorner, Qt::BottomRightCorner}) {
         const QRect area = rectOf(TopRight, corner, canvas);
         if (intersects(area, taken))
             continue;
-        int count = 0;
-        for (const QPolygonF& line : lines)
-            count += covered(line, area);
+        auto count = std::make_pair(0, 0);
+        for (const QRectF& name : obstacles.names)
+            count.first += name.intersects(area) ? 1 : 0;
+        for (const QPolygonF& line : obstacles.lines)
+            count.second += covered(line, area);
         if (count < least) {
             least = count;
             best = area;

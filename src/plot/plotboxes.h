@@ -27,9 +27,15 @@ public:
     void show(Box box, const QwtText& text);
     void hide(Box box);
 
-    /// Gives the lines that the first box should not cover, in pixels of the canvas. It moves to a free
-    /// corner when its own is taken and another one is not.
-    void setObstacles(std::function<QVector<QPolygonF>()> obstacles) { m_obstacles = std::move(obstacles); }
+    /// What stands on the canvas, in its pixels.
+    struct Obstacles {
+        QVector<QPolygonF> lines;
+        QVector<QRectF> names;
+    };
+
+    /// Tells what the first box should not cover. It moves to the corner where it covers fewest names, and of
+    /// these to the one where it covers least of the lines.
+    void setObstacles(std::function<Obstacles()> obstacles) { m_obstacles = std::move(obstacles); }
 
     /// Draws what else stands on the canvas into another picture, after the boxes.
     void setFurther(std::function<void(QPainter*, const QRectF&)> further) { m_further = std::move(further); }
@@ -49,13 +55,13 @@ private:
     };
 
     QRect rectOf(Box box, Qt::Corner corner, const QRect& canvas) const;
-    QVector<QPolygonF> obstaclesOn(const QRect& canvas) const;
+    Obstacles obstaclesOn(const QRect& canvas) const;
     QRect freeRect(const QRect& canvas, const QVector<QRect>& taken) const;
     Places arrange(const QRect& canvas) const;
     void setFontSize(int pixels);
 
     QWidget* m_canvas;
     std::array<QwtTextLabel*, count> m_labels{};
-    std::function<QVector<QPolygonF>()> m_obstacles;
+    std::function<Obstacles()> m_obstacles;
     std::function<void(QPainter*, const QRectF&)> m_further;
 };

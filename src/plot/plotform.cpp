@@ -136,7 +136,7 @@ void PlotForm::buildPlot()
     }
 
     m_boxes = new PlotBoxes(m_plot->canvas());
-    m_boxes->setObstacles([this] { return visibleLines(); });
+    m_boxes->setObstacles([this] { return PlotBoxes::Obstacles{visibleLines(), markerNames()}; });
 }
 
 void PlotForm::buildMarkers()
@@ -240,6 +240,8 @@ void PlotForm::retranslate()
         axis->setToolTip(tr("Ось, по которой работают маркеры и масштаб"));
     if (m_title)
         setWindowTitle(m_title());
+    if (m_statusSource)
+        setStatusSource(m_statusSource);
     for (const auto& [axis, text] : m_axisTitles)
         m_plot->setAxisTitle(axis, text());
     for (int i = 0; i < curveCount; ++i)
@@ -270,7 +272,14 @@ void PlotForm::setPlotTitle(const QString& title)
 void PlotForm::setStatusText(const QString& text)
 {
     m_status = text;
+    m_statusSource = nullptr;
     elideStatus();
+}
+
+void PlotForm::setStatusSource(Text text)
+{
+    setStatusText(text());
+    m_statusSource = std::move(text);
 }
 
 void PlotForm::elideStatus()

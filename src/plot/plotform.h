@@ -117,6 +117,8 @@ public:
     using Text = std::function<QString()>;
     void setTitleSource(Text text);
     void setAxisTitleSource(int axis, Text text);
+    /// Until the status line says something else.
+    void setStatusSource(Text text);
     void setPlotTitle(const QString& title);
     /// A line that pictures and prints carry below the title, so that they explain themselves.
     void setPictureNote(Text text) { m_pictureNote = std::move(text); }
@@ -130,6 +132,9 @@ public:
     void attachCurve(int index, unsigned short axis);
     /// Takes a curve with its bars, average and trend off the plot.
     void detachCurve(int index);
+    /// Takes the markers off with what they tell, when the curves below them change. Boundaries stay: a
+    /// stretch may begin and end on different days.
+    void dropMarkers();
     /// Takes the mean off a curve again whose samples were given anew, when the user wants that.
     void renewSubtraction(int index);
     void replot();
@@ -265,7 +270,7 @@ private:
     void colorAxes();
     void elideStatus();
     QVector<QPolygonF> visibleLines() const;
-    QVector<QPolygonF> markerLabels() const;
+    QVector<QRectF> markerNames() const;
 
     bool canvasValue(const QPoint& pos, QPointF* value) const;
     MarkerTexts markerTexts() const;
@@ -353,5 +358,6 @@ private:
     Text m_pictureNote;
     int m_noteHeight = 0; ///< by which the note makes a picture higher, in pixels of the screen
     Text m_title;
+    Text m_statusSource;
     std::map<int, Text> m_axisTitles;
 };

@@ -135,24 +135,24 @@ QVector<QPolygonF> PlotForm::visibleLines() const
             lines << QPolygonF(QVector<QPointF>{{x, high}, {x, low}});
         }
     }
-    return lines + markerLabels();
+    return lines;
 }
 
-/// Outlines of the names of the visible markers.
-QVector<QPolygonF> PlotForm::markerLabels() const
+/// Where the names of the visible markers stand.
+QVector<QRectF> PlotForm::markerNames() const
 {
     const QSizeF size(24.0, 18.0);
-    QVector<QPolygonF> labels;
+    QVector<QRectF> names;
     const QRectF canvas = m_plot->canvas()->contentsRect();
     for (const QwtPlotMarker* marker : {m_x1.get(), m_x2.get()}) {
         const double x = m_plot->transform(MultiAxisPlot::bottomAxis, marker->xValue());
         if (marker->isVisible())
-            labels << QPolygonF(QRectF(QPointF(x, canvas.top()), size));
+            names << QRectF(QPointF(x, canvas.top()), size);
     }
     for (const QwtPlotMarker* marker : {m_y1.get(), m_y2.get()}) {
         const double y = m_plot->transform(currentAxis, marker->yValue());
         if (marker->isVisible())
-            labels << QPolygonF(QRectF(QPointF(canvas.right() - size.width(), y - size.height()), size));
+            names << QRectF(QPointF(canvas.right() - size.width(), y - size.height()), size);
     }
-    return labels;
+    return names;
 }

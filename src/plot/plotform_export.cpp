@@ -394,10 +394,11 @@ void PlotForm::previewPrint()
 {
     QPrinter printer(QPrinter::HighResolution);
     preparePrinter(&printer);
-    QPrintPreviewDialog dialog(&printer, this);
-    dialog.setWindowTitle(tr("Предварительный просмотр"));
-    connect(&dialog, &QPrintPreviewDialog::paintRequested, this, &PlotForm::paintPage);
-    prompt::run(dialog);
+    const QPointer<QPrintPreviewDialog> dialog = new QPrintPreviewDialog(&printer, this);
+    dialog->setWindowTitle(tr("Предварительный просмотр"));
+    connect(dialog, &QPrintPreviewDialog::paintRequested, this, &PlotForm::paintPage);
+    prompt::run(*dialog);
+    delete dialog; // it has gone already when this window was closed meanwhile
 }
 
 void PlotForm::printImage()

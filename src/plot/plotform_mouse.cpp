@@ -155,8 +155,12 @@ void PlotForm::showAdev(double x1, double x2)
     for (int i = 0; i < curveCount; ++i) {
         if (!m_slots[size_t(i)]->visible || !showsAdev(i))
             continue;
+        PlotPoints points = pointsOf(i);
+        const double unit = isDayPlot ? 86400.0 : isHourPlot ? 3600.0 : 1.0; // s
+        for (double& x : points.x)
+            x *= unit;
         const QString table =
-            adevTable(phaseBetween(pointsOf(i), x1, x2, interval), interval, language::isEnglish());
+            adevTable(phaseBetween(points, x1 * unit, x2 * unit, interval), interval, language::isEnglish());
         m_boxes->show(PlotBoxes::BottomRight, QwtText(table, QwtText::RichText));
         return;
     }

@@ -52,6 +52,12 @@ void PlotForm::leaveSelectionMode()
     replot();
 }
 
+void PlotForm::dropMarkers()
+{
+    if (!m_boundsAction->isChecked() || (clickCount == 0 && selectionState == 0))
+        clearMarkers();
+}
+
 void PlotForm::clearSelection()
 {
     clickCount = 0;

@@ -93,6 +93,6 @@ QStringList showStability(
     form.setMarkerMode();
     form.initZoomer();
     if (!leftOut.isEmpty())
-        form.setStatusText(StabilityGraph::leftOut(leftOut));
+        form.setStatusSource([leftOut] { return StabilityGraph::leftOut(leftOut); });
     return leftOut;
 }

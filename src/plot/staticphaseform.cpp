@@ -336,6 +336,7 @@ void StaticPhaseForm::drawDay(int day)
             present.push_back(i);
     }
     arrangeCurves(present);
+    plot->dropMarkers();
     plot->initZoomer();
     if (dayCount > 1)
         plot->plot()->setAxisScale(MultiAxisPlot::bottomAxis, day * secondsOfDay, (day + 1) * secondsOfDay);

@@ -2,8 +2,11 @@
 
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+
+#include <utility>
 
 namespace prompt {
 
@@ -15,19 +18,36 @@ Responder& responder()
     return current;
 }
 
-/// The desktop's own file dialog cannot be driven by a test; a responder gets Qt's.
-void preferDrivable(QFileDialog& dialog)
-{
-    if (responder())
-        dialog.setOption(QFileDialog::DontUseNativeDialog);
-}
+/// A dialog that goes with the parent when that is deleted while it is open; then it is null.
+template <class Dialog> class Owned {
+public:
+    template <class... Arguments>
+    explicit Owned(Arguments&&... arguments)
+        : m_dialog(new Dialog(std::forward<Arguments>(arguments)...))
+    {
+    }
+    ~Owned() { delete m_dialog; }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
 
-QString chosenFile(QFileDialog& dialog)
+    Dialog* operator->() const { return m_dialog; }
+    /// False when it was not accepted, or has gone.
+    bool accepted() const { return run(*m_dialog) == QDialog::Accepted && m_dialog; }
+    explicit operator bool() const { return !m_dialog.isNull(); }
+    Dialog& operator*() const { return *m_dialog; }
+
+private:
+    QPointer<Dialog> m_dialog;
+};
+
+QString chosenFile(const Owned<QFileDialog>& dialog)
 {
-    preferDrivable(dialog);
-    if (run(dialog) != QDialog::Accepted)
+    // The desktop's own file dialog cannot be driven by a test; a responder gets Qt's.
+    if (responder())
+        dialog->setOption(QFileDialog::DontUseNativeDialog);
+    if (!dialog.accepted())
         return {};
-    const QStringList files = dialog.selectedFiles();
+    const QStringList files = dialog->selectedFiles();
     return files.isEmpty() ? QString() : files.first();
 }
 
@@ -46,15 +66,15 @@ int run(QDialog& dialog)
 QMessageBox::StandardButton message(QWidget* parent, QMessageBox::Icon icon, const QString& title,
     const QString& text, QMessageBox::StandardButtons buttons)
 {
-    QMessageBox box(icon, title, text, buttons, parent);
-    run(box);
-    return box.clickedButton() ? box.standardButton(box.clickedButton()) : QMessageBox::NoButton;
+    const Owned<QMessageBox> box(icon, title, text, buttons, parent);
+    run(*box);
+    return box && box->clickedButton() ? box->standardButton(box->clickedButton()) : QMessageBox::NoButton;
 }
 
 QString openFile(QWidget* parent, const QString& title, const QString& start, const QString& filter)
 {
-    QFileDialog dialog(parent, title, start, filter);
-    dialog.setFileMode(QFileDialog::ExistingFile);
+    const Owned<QFileDialog> dialog(parent, title, start, filter);
+    dialog->setFileMode(QFileDialog::ExistingFile);
     return chosenFile(dialog);
 }
 
@@ -62,37 +82,37 @@ QString saveFile(
     QWidget* parent, const QString& title, const QString& start, const QString& filter, QString* chosenFilter)
 {
     const QFileInfo info(start);
-    QFileDialog dialog(parent, title, info.isDir() ? start : info.path(), filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const Owned<QFileDialog> dialog(parent, title, info.isDir() ? start : info.path(), filter);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
     if (!info.isDir())
-        dialog.selectFile(info.fileName());
+        dialog->selectFile(info.fileName());
     if (chosenFilter && !chosenFilter->isEmpty())
-        dialog.selectNameFilter(*chosenFilter);
+        dialog->selectNameFilter(*chosenFilter);
     const QString file = chosenFile(dialog);
     if (chosenFilter && !file.isEmpty())
-        *chosenFilter = dialog.selectedNameFilter();
+        *chosenFilter = dialog->selectedNameFilter();
     return file;
 }
 
 QString directory(QWidget* parent, const QString& title, const QString& start)
 {
-    QFileDialog dialog(parent, title, start);
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setOption(QFileDialog::ShowDirsOnly);
+    const Owned<QFileDialog> dialog(parent, title, start);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
     return chosenFile(dialog);
 }
 
 QColor color(QWidget* parent, const QColor& start)
 {
-    QColorDialog dialog(start, parent);
-    return run(dialog) == QDialog::Accepted ? dialog.selectedColor() : QColor();
+    const Owned<QColorDialog> dialog(start, parent);
+    return dialog.accepted() ? dialog->selectedColor() : QColor();
 }
 
 bool print(QWidget* parent, QPrinter* printer, const QLocale& locale)
 {
-    QPrintDialog dialog(printer, parent);
-    dialog.setLocale(locale);
-    return run(dialog) == QDialog::Accepted;
+    const Owned<QPrintDialog> dialog(printer, parent);
+    dialog->setLocale(locale);
+    return dialog.accepted();
 }
 
 } // namespace prompt

@@ -23,8 +23,10 @@ private slots:
     void valueTable();
     void tableOfOneVisibleCurveOnly();
     void windowNumberOneHasNoTable();
+    void tableOnStabilityOnly();
     void boxStaysInside();
     void boxLeavesTheCurveFree();
+    void boxLeavesNamesFree();
     void retranslates();
     void closing();
 };
@@ -137,9 +139,26 @@ void TestAvarForm::tableOfOneVisibleCurveOnly()
 void TestAvarForm::windowNumberOneHasNoTable()
 {
     int number = 1;
-    AvarForm form(&number, nullptr, 0);
+    AvarForm form(&number, nullptr, 3);
     add(form, 1, 5);
     QVERIFY(form.findChild<QwtTextLabel*>("topRightBox")->isHidden());
+    number = 2;
+    form.showAVAR(form.curve(0), true);
+    QVERIFY(!form.findChild<QwtTextLabel*>("topRightBox")->isHidden());
+}
+
+void TestAvarForm::tableOnStabilityOnly()
+{
+    for (const int kind : {0, 1, 2}) {
+        AvarForm form(nullptr, nullptr, kind);
+        form.setPlotTitle("dates");
+        add(form, 1, 5);
+        form.sqrt2Action->trigger();
+        QVERIFY(form.findChild<QwtTextLabel*>("topRightBox")->isHidden());
+        add(form, 2, 5);
+        QCOMPARE(form.visibleCount, 2);
+        QCOMPARE(form.plot()->title().text(), QString("dates"));
+    }
 }
 
 void TestAvarForm::boxStaysInside()
@@ -179,6 +198,26 @@ void TestAvarForm::boxLeavesTheCurveFree()
     QVERIFY(cornerIsRight(-1.0, false));
     QVERIFY(!cornerIsRight(-1.0, true));
     QVERIFY(!cornerIsRight(1.0, false));
+}
+
+void TestAvarForm::boxLeavesNamesFree()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    form.setStability(Statistic::Adev);
+    // Down the left edge and along the lower one: the upper right corner is free but for a name.
+    QVector<double> tau, value;
+    for (int i = 0; i < 400; ++i) {
+        tau << (i < 200 ? 1.2 * std::pow(2.0, i / 200.0) : 2.4 * std::pow(400.0, (i - 199) / 200.0));
+        value << (i < 200 ? 9e-12 * std::pow(0.15, i / 200.0) : 1.3e-12);
+    }
+    form.addData(1, tau.size(), tau.data(), value.data());
+    form.resize(800, 600);
+    showWindow(form);
+    const auto* box = form.findChild<QwtTextLabel*>("topRightBox");
+    const int width = form.plot()->canvas()->width();
+    QVERIFY(box->geometry().center().x() > width / 2);
+    QTest::mousePress(form.plot()->canvas(), Qt::LeftButton, {}, QPoint(300, 60));
+    QVERIFY(!box->geometry().intersects(QRect(width - 24, 42, 24, 18)));
 }
 
 void TestAvarForm::retranslates()

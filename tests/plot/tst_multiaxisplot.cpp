@@ -63,6 +63,7 @@ private slots:
     void itemsUseTheirOwnAxis();
     void switchingKeepsRanges();
     void scalesStandSideBySide();
+    void scalesLeaveRoom();
     void autoScaleSkipsWhatHasNoPlace_data();
     void autoScaleSkipsWhatHasNoPlace();
     void badRangesAreIgnored_data();
@@ -145,6 +146,30 @@ void TestMultiAxisPlot::scalesStandSideBySide()
     plot.enableAxis(0, false);
     plot.replot();
     QVERIFY2(plot.canvas()->x() < two - 20, qPrintable(QString("%1 %2").arg(two).arg(plot.canvas()->x())));
+}
+
+void TestMultiAxisPlot::scalesLeaveRoom()
+{
+    MultiAxisPlot plot;
+    for (int axis = 0; axis < MultiAxisPlot::yAxisCount; ++axis) {
+        plot.enableAxis(axis, true);
+        plot.setAxisTitle(axis, QString(200, 'x'));
+        plot.setAxisScale(axis, -1.5e-12, 1.5e-12);
+    }
+    plot.setAxisColor(11, Qt::red);
+    plot.resize(460, 340);
+    const auto share = [&plot] {
+        plot.grab();
+        return double(plot.canvas()->width()) / plot.width();
+    };
+    QVERIFY2(share() > 0.35, qPrintable(QString::number(plot.canvas()->width())));
+    plot.setCurrentAxis(11);
+    QVERIFY(share() > 0.35);
+    QVERIFY(lowestRow(plot.grab().toImage(), Qt::red) > 0);
+    // With more width they come back.
+    plot.setCurrentAxis(0);
+    plot.resize(2400, 340);
+    QVERIFY(lowestRow(plot.grab().toImage(), Qt::red) > 0);
 }
 
 void TestMultiAxisPlot::autoScaleSkipsWhatHasNoPlace_data()

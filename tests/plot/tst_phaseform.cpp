@@ -81,6 +81,7 @@ class TestPhaseForm : public QObject {
 private slots:
     void oneDay();
     void severalDays();
+    void markersOfADay();
     void axes();
     void manyRecords();
     void oddRecords();
@@ -166,6 +167,38 @@ void TestPhaseForm::severalDays()
     form.anotherDay(3);
     form.anotherDay(-1);
     QCOMPARE(points(form, 1), before);
+}
+
+void TestPhaseForm::markersOfADay()
+{
+    Record records[1];
+    fill(records[0], 2 * 1440, 60.0, 1, QDateTime(QDate(2026, 3, 1), QTime(0, 0)));
+    PhaseForm form(nullptr);
+    form.addRecords(records, 1);
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    QWidget* canvas = form.plot->plot()->canvas();
+    const auto shown = [&form] {
+        int count = 0;
+        for (const QwtPlotItem* marker : form.plot->plot()->itemList(QwtPlotItem::Rtti_PlotMarker))
+            count += marker->isVisible() ? 1 : 0;
+        return count;
+    };
+    QTest::mousePress(canvas, Qt::LeftButton, {}, QPoint(100, 100));
+    QTest::mouseRelease(canvas, Qt::LeftButton, {}, QPoint(200, 150));
+    const auto* means = form.findChild<QWidget*>("bottomLeftBox");
+    QVERIFY(!means->isHidden() && shown() == 4);
+    form.daySlider->setValue(0);
+    QVERIFY(means->isHidden() && shown() == 0);
+    QCOMPARE(form.plot->statusText(), QString());
+    // A stretch may begin on one day and end on the next.
+    form.plot->setOtmetMode();
+    QTest::mouseClick(canvas, Qt::LeftButton, {}, QPoint(100, 100));
+    form.daySlider->setValue(1);
+    QVERIFY(!form.plot->statusText().isEmpty());
+    QTest::mouseClick(canvas, Qt::LeftButton, {}, QPoint(200, 100));
+    QCOMPARE(form.plot->selectionState, 2);
+    QVERIFY(form.plot->selectionX1 < secondsOfDay && form.plot->selectionX2 > secondsOfDay);
 }
 
 void TestPhaseForm::axes()

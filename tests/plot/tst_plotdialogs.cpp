@@ -2,6 +2,7 @@
 #include "graphs.h"
 #include "plot/core/commenttext.h"
 #include "plot/frgrsetdlg.h"
+#include "plot/grafoptions.h"
 #include "plot/insplotcomment.h"
 #include "plot/multiaxisplot.h"
 #include "plot/plotzoomdt.h"
@@ -9,6 +10,7 @@
 #include "support/near.h"
 #include "support/scopedprompts.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QDateTimeEdit>
 #include <QDialogButtonBox>
@@ -21,7 +23,11 @@
 #include <QTextEdit>
 #include <qwt_text_label.h>
 
+#include <functional>
 #include <limits>
+#include <memory>
+
+Q_DECLARE_METATYPE(std::function<void(AvarForm&)>)
 
 class TestPlotDialogs : public QObject {
     Q_OBJECT
@@ -36,6 +42,8 @@ private slots:
     void commentTexts();
     void comments();
     void commentPlaces();
+    void closedMeanwhile_data();
+    void closedMeanwhile();
 };
 
 void TestPlotDialogs::interval_data()
@@ -266,6 +274,39 @@ void TestPlotDialogs::commentPlaces()
     form.resize(500, 420);
     QCoreApplication::processEvents();
     QVERIFY(inside());
+}
+
+void TestPlotDialogs::closedMeanwhile_data()
+{
+    using Command = std::function<void(AvarForm&)>;
+    QTest::addColumn<Command>("command");
+    QTest::addRow("picture") << Command([](AvarForm& form) { form.saveImage(); });
+    QTest::addRow("table") << Command([](AvarForm& form) { form.exportASCII(); });
+    QTest::addRow("print") << Command([](AvarForm& form) { form.printImage(); });
+    QTest::addRow("preview") << Command([](AvarForm& form) { form.previewPrint(); });
+    QTest::addRow("colour") << Command([](AvarForm& form) {
+        form.openProperty();
+        form.showZoomDialog();
+        form.showCommentDialog();
+        form.options->on_colorBtn_clicked();
+    });
+}
+
+/// The window goes while one of its dialogs is open.
+void TestPlotDialogs::closedMeanwhile()
+{
+    QFETCH(std::function<void(AvarForm&)>, command);
+    auto form = std::make_unique<AvarForm>(nullptr, nullptr, 0);
+    form->startTime = start;
+    add(*form, 1, 5);
+    form->show();
+    ScopedPrompts prompts;
+    prompts.handle([&form](QDialog&) {
+        form.reset();
+        return int(QDialog::Accepted);
+    });
+    command(*form);
+    QVERIFY(!form && !QApplication::activeModalWidget());
 }
 
 QTEST_MAIN(TestPlotDialogs)

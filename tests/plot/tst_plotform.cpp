@@ -1,7 +1,9 @@
 #include "base/globals.h"
 #include "graphs.h"
+#include "plot/grafoptions.h"
 #include "plot/multiaxisplot.h"
 #include "plot/plotlegend.h"
+#include "plot/seriesgraph.h"
 #include "support/near.h"
 
 #include <QAction>
@@ -30,6 +32,7 @@ private slots:
     void markers();
     void markerEdges();
     void means();
+    void adevOfHours();
     void modes();
     void legendCheck();
     void axisMenu();
@@ -150,6 +153,28 @@ void TestPlotForm::means()
     App_lang = "en";
     press(0.5, 1.7);
     QVERIFY(box->text().text().startsWith("Mean value:\n"));
+}
+
+/// X in hours, tau in seconds.
+void TestPlotForm::adevOfHours()
+{
+    SeriesScope scope{SeriesKind::Hour, true, 1.0, false, start.addSecs(1800), start.addDays(2)};
+    SeriesCurve series;
+    for (int i = 0; i < 40; ++i) {
+        series.t.push_back(i);
+        series.x.push_back(i % 2 ? 1e-12 : -1e-12);
+    }
+    AvarForm form(nullptr, nullptr, 1);
+    showSeries(form, scope, {series});
+    form.options->curves[0].showAdev = true;
+    showWindow(form);
+    // Hours are counted from 10:00, whatever minute the data start at.
+    QCOMPARE(form.startTime, start);
+    QTest::mousePress(form.plot()->canvas(), Qt::LeftButton, {}, QPoint(10, 30));
+    QTest::mouseRelease(
+        form.plot()->canvas(), Qt::LeftButton, {}, QPoint(form.plot()->canvas()->width() - 10, 60));
+    const QString table = form.findChild<QwtTextLabel*>("bottomRightBox")->text().text();
+    QVERIFY2(table.contains(">3600<") && table.contains(">1.41e-12<"), qPrintable(table));
 }
 
 void TestPlotForm::modes()
