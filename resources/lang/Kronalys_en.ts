@@ -1126,7 +1126,7 @@ Check the file or choose another template.</translation>
     </message>
     <message>
         <location line="+2"/>
-        <location filename="../../src/plot/plotform_export.cpp" line="+411"/>
+        <location filename="../../src/plot/plotform_export.cpp" line="+412"/>
         <source>Печать</source>
         <translation>Print</translation>
     </message>
@@ -1137,7 +1137,7 @@ Check the file or choose another template.</translation>
     </message>
     <message>
         <location line="+1"/>
-        <location filename="../../src/plot/plotform_export.cpp" line="-13"/>
+        <location filename="../../src/plot/plotform_export.cpp" line="-14"/>
         <source>Предварительный просмотр</source>
         <translation>Print preview</translation>
     </message>
@@ -1359,7 +1359,7 @@ Check the file or choose another template.</translation>
         <translation>Could not save the file</translation>
     </message>
     <message>
-        <location line="+82"/>
+        <location line="+83"/>
         <source>Не удалось напечатать график.</source>
         <translation>The graph could not be printed.</translation>
     </message>
@@ -1560,7 +1560,7 @@ Check the file or choose another template.</translation>
         <translation>   N</translation>
     </message>
     <message>
-        <location line="+10"/>
+        <location line="+42"/>
         <location line="+28"/>
         <source>Обработка</source>
         <translation>Process</translation>
@@ -1760,7 +1760,7 @@ Check the file or choose another template.</translation>
         <translation>Table of phase and frequency differences and drift</translation>
     </message>
     <message>
-        <location filename="../../src/table/selrectable.cpp" line="+149"/>
+        <location filename="../../src/table/selrectable.cpp" line="+151"/>
         <source>Записей нет.
 Нажмите «Добавить запись» и выберите файл измерений,
 или перетащите файл сюда.</source>

@@ -52,7 +52,7 @@ void MainWindow::placeTable()
         return;
     if (m_tablePlace.isValid() && m_tableFrame->geometry() != m_tablePlace)
         return;
-    constexpr QSize comfortable(1180, 480);
+    constexpr QSize comfortable(1210, 480);
     const QSize wanted = m_tableFrame->sizeHint().expandedTo(comfortable);
     m_tableFrame->setGeometry(QRect(QPoint(0, 0), wanted.boundedTo(m_area->maximumViewportSize())));
     m_tablePlace = m_tableFrame->geometry();
@@ -105,7 +105,10 @@ void MainWindow::arrangeAll()
     constexpr int readableWidth = 480;
     const int columns = qBound(1, area.width() / readableWidth, figures.size());
     const int rows = (figures.size() + columns - 1) / columns;
-    const QSize cell(area.width() / columns, (area.height() - above) / rows);
+    int lowest = 0; // the area scrolls rather than cut a graph
+    for (const QMdiSubWindow* figure : figures)
+        lowest = qMax(lowest, figure->minimumSizeHint().height());
+    const QSize cell(area.width() / columns, qMax(lowest, (area.height() - above) / rows));
     for (int i = 0; i < figures.size(); ++i) {
         figures[i]->showNormal();
         const QPoint corner(i % columns * cell.width(), above + i / columns * cell.height());
