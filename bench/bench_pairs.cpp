@@ -3,6 +3,7 @@
 // a sort of the values plus 4 passes over t and x; reduced curves, at most 3 passes. Counter "ratio": passes,
 // or for the filter sorts plus 4 passes. All of them grow in proportion to the samples.
 
+#include "measure.h"
 #include "plainsum.h"
 #include "support/samplerecord.h"
 #include "table/core/crosspair.h"
@@ -13,17 +14,9 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <random>
 
 namespace {
-
-template <typename Work> double seconds(const Work& work)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
 
 double sumOf(const doubleArray& array)
 {

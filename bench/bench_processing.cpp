@@ -3,6 +3,7 @@
 // program takes above its size before the record, to stay below 52: the record, a copy and 20.
 
 #include "base/globals.h"
+#include "measure.h"
 #include "stats/drift.h"
 #include "stats/fits.h"
 #include "stats/plainstats.h"
@@ -20,23 +21,13 @@
 #include <malloc.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstring>
 #include <fstream>
-#include <string>
 #include <utility>
 
 namespace {
 
 constexpr int samples = 1000000;
 constexpr Statistic statistics[] = {Statistic::Sdev, Statistic::Adev, Statistic::Hdev};
-
-template <typename Work> double seconds(const Work& work)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
 
 /// One after the other, each over the samples that the command gives it.
 double kernelSeconds(PhaseSeries& series, bool overlap)
@@ -110,18 +101,6 @@ void process(benchmark::State& state)
     state.counters["fits_s"] = fits;
     state.counters["command_to_kernels"] = command / kernels;
     state.counters["command_to_kernels_and_fits"] = command / (kernels + fits);
-}
-
-/// A memory figure of this process in bytes, as the system tells it in kilobytes.
-double memory(const char* key)
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.compare(0, std::strlen(key), key) == 0)
-            return std::stod(line.substr(std::strlen(key) + 1)) * 1024.0;
-    }
-    return 0.0;
 }
 
 void groups(benchmark::State& state)

@@ -4,6 +4,7 @@
 // size before the reading, to stay below 40 plus the file.
 
 #include "load/core/asciirecord.h"
+#include "measure.h"
 #include "record/record.h"
 
 #include <QFile>
@@ -71,18 +72,6 @@ double bareLoop(const QByteArray& text)
         at = lineEnd + 1;
     }
     return sum;
-}
-
-/// A memory figure of this process in bytes, as the system tells it in kilobytes.
-double memory(const char* key)
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.compare(0, std::strlen(key), key) == 0)
-            return std::stod(line.substr(std::strlen(key) + 1)) * 1024.0;
-    }
-    return 0.0;
 }
 
 void BM_Reading(benchmark::State& state)
