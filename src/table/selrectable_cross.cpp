@@ -101,7 +101,8 @@ void SelRecTable::computePair()
 {
     Record& first = record[0];
     Record& second = record[1];
-    if (ui->threeCornHatBox->isChecked() && signalCase(first, second) == SignalCase::Two) {
+    const SignalCase signalsOf = signalCase(first, second);
+    if (ui->threeCornHatBox->isChecked() && (signalsOf == SignalCase::One || signalsOf == SignalCase::Two)) {
         crossFits(CrossStatus::NotThreeClocks);
         return;
     }

@@ -110,6 +110,7 @@ void TableCommandsTest::commands_data()
         {detach("Кросс-обработка возможна только для статических записей.")}, 2, 2);
     row("BA CA BC", "processBtn threeCornHatBox", {}, 3, 3);
     row("BA AB", "processBtn threeCornHatBox", {hat}, 2);
+    row("AA AA", "processBtn threeCornHatBox", {hat}, 2);
     row("BA CA CA", "processBtn threeCornHatBox", {hat}, 3);
     row("BA CA BC+300", "processBtn threeCornHatBox", {apart}, 3);
     row("BAk1", "processBtn trendBox",

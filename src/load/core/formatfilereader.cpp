@@ -123,7 +123,7 @@ void FormatFileReader::dropData()
     m_faults = 0;
 }
 
-// The system moves large blocks by their pages, so that growing neither copies nor needs the memory twice.
+// Growing may copy, and need the memory twice; the guess of the room keeps it from happening often.
 void FormatFileReader::resizeColumns(qint64 lines)
 {
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
