@@ -2,6 +2,7 @@
 // one run. "ratio" is the least time of the one over the least time of the other, "bound" what it should not
 // exceed.
 
+#include "measure.h"
 #include "plot/multiaxisplot.h"
 #include "plot/phaseform.h"
 #include "support/samplerecord.h"
@@ -13,9 +14,7 @@
 #include <qwt_plot_curve.h>
 
 #include <algorithm>
-#include <chrono>
 #include <iostream>
-#include <limits>
 #include <memory>
 #include <vector>
 
@@ -23,29 +22,6 @@ namespace {
 
 constexpr int samples = 86400;
 constexpr QSize windowSize(1000, 700);
-
-template <typename Work> double seconds(const Work& work)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-template <typename Yardstick, typename Work>
-void compare(benchmark::State& state, double bound, const Yardstick& yardstick, const Work& work)
-{
-    double leastYard = std::numeric_limits<double>::max(), leastWork = leastYard;
-    for (auto _ : state) {
-        leastYard = std::min(leastYard, seconds(yardstick));
-        const double time = seconds(work);
-        leastWork = std::min(leastWork, time);
-        state.SetIterationTime(time);
-    }
-    state.counters["ratio"] = leastWork / leastYard;
-    state.counters["yardstick_ms"] = leastYard * 1e3;
-    state.counters["best_ms"] = leastWork * 1e3;
-    state.counters["bound"] = bound;
-}
 
 /// White phase noise, whose lines all cross the plot, or a random walk, whose lines are short.
 std::vector<Record> recordsOf(int count, bool walk)

@@ -3,6 +3,7 @@
 // bound. Yardsticks: for Spectr as many complex transforms of the same length by FFTW, the best plan it
 // finds; for the others a plain vectorised sum of the series.
 
+#include "measure.h"
 #include "plainsum.h"
 #include "stats/convolution.h"
 #include "stats/fft.h"
@@ -15,8 +16,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
-#include <limits>
 #include <memory>
 #include <random>
 #include <vector>
@@ -41,30 +40,6 @@ std::vector<double>& longSeries()
 {
     static std::vector<double> made = noise(10000000);
     return made;
-}
-
-template <class Work> double secondsOf(const Work& work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-template <class Yardstick, class Work>
-void compare(benchmark::State& state, double bound, const Yardstick& yardstick, const Work& work)
-{
-    double leastYard = std::numeric_limits<double>::max(), leastWork = leastYard;
-    for (auto _ : state) {
-        leastYard = std::min(leastYard, secondsOf(yardstick));
-        const double time = secondsOf(work);
-        leastWork = std::min(leastWork, time);
-        state.SetIterationTime(time);
-    }
-    state.counters["ratio"] = leastWork / leastYard;
-    state.counters["yardstick_ms"] = leastYard * 1e3;
-    state.counters["best_ms"] = leastWork * 1e3;
-    if (bound > 0.0)
-        state.counters["bound"] = bound;
 }
 
 template <class Work> void againstPass(benchmark::State& state, double bound, const Work& work)
