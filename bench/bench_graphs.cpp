@@ -130,6 +130,7 @@ int main(int argc, char** argv)
         if (type == QtFatalMsg)
             std::cerr << qPrintable(text) << '\n';
     });
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
