@@ -2,6 +2,7 @@
 
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -40,15 +41,19 @@ private:
     QPointer<Dialog> m_dialog;
 };
 
-QString chosenFile(const Owned<QFileDialog>& dialog)
+QStringList chosenFiles(const Owned<QFileDialog>& dialog)
 {
     // The desktop's own file dialog cannot be driven by a test; a responder gets Qt's.
     if (responder())
         dialog->setOption(QFileDialog::DontUseNativeDialog);
     if (!dialog.accepted())
         return {};
-    const QStringList files = dialog->selectedFiles();
-    return files.isEmpty() ? QString() : files.first();
+    return dialog->selectedFiles();
+}
+
+QString chosenFile(const Owned<QFileDialog>& dialog)
+{
+    return chosenFiles(dialog).value(0);
 }
 
 } // namespace
@@ -64,9 +69,12 @@ int run(QDialog& dialog)
 }
 
 QMessageBox::StandardButton message(QWidget* parent, QMessageBox::Icon icon, const QString& title,
-    const QString& text, QMessageBox::StandardButtons buttons)
+    const QString& text, QMessageBox::StandardButtons buttons,
+    const QMap<QMessageBox::StandardButton, QString>& labels)
 {
     const Owned<QMessageBox> box(icon, title, text, buttons, parent);
+    for (auto label = labels.begin(); label != labels.end(); ++label)
+        box->setButtonText(label.key(), label.value());
     run(*box);
     return box && box->clickedButton() ? box->standardButton(box->clickedButton()) : QMessageBox::NoButton;
 }
@@ -76,6 +84,13 @@ QString openFile(QWidget* parent, const QString& title, const QString& start, co
     const Owned<QFileDialog> dialog(parent, title, start, filter);
     dialog->setFileMode(QFileDialog::ExistingFile);
     return chosenFile(dialog);
+}
+
+QStringList openFiles(QWidget* parent, const QString& title, const QString& start, const QString& filter)
+{
+    const Owned<QFileDialog> dialog(parent, title, start, filter);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    return chosenFiles(dialog);
 }
 
 QString saveFile(
@@ -100,6 +115,15 @@ QString directory(QWidget* parent, const QString& title, const QString& start)
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     return chosenFile(dialog);
+}
+
+QString text(QWidget* parent, const QString& title, const QString& label, const QString& start)
+{
+    const Owned<QInputDialog> dialog(parent);
+    dialog->setWindowTitle(title);
+    dialog->setLabelText(label);
+    dialog->setTextValue(start);
+    return dialog.accepted() ? dialog->textValue() : QString();
 }
 
 QColor color(QWidget* parent, const QColor& start)

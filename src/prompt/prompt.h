@@ -2,8 +2,10 @@
 
 #include <QColor>
 #include <QLocale>
+#include <QMap>
 #include <QMessageBox>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -15,12 +17,16 @@ class QWidget;
 /// answer in the user's place and no dialog can hang a run that nobody watches.
 namespace prompt {
 
-/// Shows a message box and returns the button pressed.
+/// Shows a message box and returns the button pressed. `labels` gives buttons texts of their own.
 QMessageBox::StandardButton message(QWidget* parent, QMessageBox::Icon icon, const QString& title,
-    const QString& text, QMessageBox::StandardButtons buttons = QMessageBox::Ok);
+    const QString& text, QMessageBox::StandardButtons buttons = QMessageBox::Ok,
+    const QMap<QMessageBox::StandardButton, QString>& labels = {});
 
 /// Asks for one existing file; empty when cancelled.
 QString openFile(QWidget* parent, const QString& title, const QString& start, const QString& filter);
+
+/// Asks for any number of existing files; none when cancelled.
+QStringList openFiles(QWidget* parent, const QString& title, const QString& start, const QString& filter);
 
 /// Asks for a file to write; empty when cancelled. `chosenFilter` takes and gives the selected filter.
 QString saveFile(QWidget* parent, const QString& title, const QString& start, const QString& filter,
@@ -28,6 +34,9 @@ QString saveFile(QWidget* parent, const QString& title, const QString& start, co
 
 /// Asks for an existing directory; empty when cancelled.
 QString directory(QWidget* parent, const QString& title, const QString& start);
+
+/// Asks for one line of text; empty when cancelled.
+QString text(QWidget* parent, const QString& title, const QString& label, const QString& start = QString());
 
 /// Asks for a colour; an invalid one when cancelled.
 QColor color(QWidget* parent, const QColor& start);
