@@ -3,7 +3,7 @@
 #include "base/globals.h"
 
 #include <QFile>
-#include <QSaveFile>
+#include <QFileInfo>
 
 namespace language {
 
@@ -16,7 +16,8 @@ constexpr int headLength = 200; // bytes
 QString fromFile(const QString& file, const QString& localeName, const QString& fallback)
 {
     QFile config(file);
-    if (!config.open(QIODevice::ReadOnly))
+    // Opening a pipe would never end.
+    if (!QFileInfo(file).isFile() || !config.open(QIODevice::ReadOnly))
         return fallback;
     const QByteArray head = config.read(headLength);
     const int key = head.indexOf("Application_Lang");
@@ -33,29 +34,6 @@ QString fromFile(const QString& file, const QString& localeName, const QString& 
 QString headComment(const QString& version, const QString& lang)
 {
     return QStringLiteral("Application_ver = \"%1\" Application_Lang=\"%2\"").arg(version, lang);
-}
-
-bool toFile(const QString& file, const QString& version, const QString& lang)
-{
-    const QByteArray comment = "<!--" + headComment(version, lang).toUtf8() + "-->";
-    QByteArray content;
-    QFile before(file);
-    if (before.open(QIODevice::ReadOnly))
-        content = before.readAll();
-    before.close();
-    const int start = content.indexOf("<!--");
-    const int end = start < 0 ? -1 : content.indexOf("-->", start);
-    if (start >= 0 && start < headLength && end > start
-        && content.mid(start, end - start).contains("Application_ver"))
-        content.replace(start, end + 3 - start, comment);
-    else if (content.startsWith("<?xml") && content.contains("?>"))
-        content.insert(content.indexOf("?>") + 2, '\n' + comment);
-    else if (content.isEmpty())
-        content = "<?xml version=\"1.0\" encoding=\"Windows-1251\"?>\n" + comment + "\n<xml/>\n";
-    else
-        content.prepend(comment + '\n');
-    QSaveFile after(file);
-    return after.open(QIODevice::WriteOnly) && after.write(content) == content.size() && after.commit();
 }
 
 bool isEnglish()

@@ -12,10 +12,6 @@ namespace language {
 /// the key gives `fallback`.
 QString fromFile(const QString& file, const QString& localeName, const QString& fallback);
 
-/// Puts `lang` into the head of the file and leaves all else in it as it stands; a missing file is made with
-/// an empty root element. Written through a temporary file. Returns false when nothing could be written.
-bool toFile(const QString& file, const QString& version, const QString& lang);
-
 /// The comment text, without the comment marks.
 QString headComment(const QString& version, const QString& lang);
 

@@ -9,12 +9,6 @@ namespace {
 
 const QString fallback = QStringLiteral("ru_RU");
 
-QByteArray content(const QString& file)
-{
-    QFile in(file);
-    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("unreadable");
-}
-
 } // namespace
 
 class TestLanguage : public QObject {
@@ -23,9 +17,6 @@ private slots:
     void fromFile_data();
     void fromFile();
     void missingFile();
-    void toFile_data();
-    void toFile();
-    void unwritable();
     void english();
 };
 
@@ -64,44 +55,6 @@ void TestLanguage::missingFile()
     const ScopedHome home;
     QCOMPARE(language::fromFile(home.file(QStringLiteral("none.xml")), QStringLiteral("en_GB"), fallback),
         fallback);
-}
-
-void TestLanguage::toFile_data()
-{
-    QTest::addColumn<QByteArray>("before");
-    QTest::addColumn<QByteArray>("after");
-    const QByteArray comment = "<!--Application_ver = \"1.2\" Application_Lang=\"en\"-->";
-    const QByteArray declaration = "<?xml version=\"1.0\" encoding=\"Windows-1251\"?>";
-    const QByteArray body = "\n<xml>\xcf\xf0\xe8<!--Application_ver stays--></xml>\n"; // Windows-1251
-    QTest::newRow("no file") << QByteArray() << declaration + '\n' + comment + "\n<xml/>\n";
-    QTest::newRow("replaced") << declaration + "\n<!--Application_ver = \"1.1\" Application_Lang=\"ru\"-->"
-            + body << declaration + '\n' + comment + body;
-    QTest::newRow("inserted") << declaration + "\n<xml/>" << declaration + '\n' + comment + "\n<xml/>";
-    QTest::newRow("no declaration") << QByteArray("<xml/>") << comment + "\n<xml/>";
-    QTest::newRow("another comment") << declaration + "<!--kept--><xml/>"
-                                     << declaration + '\n' + comment + "<!--kept--><xml/>";
-}
-
-void TestLanguage::toFile()
-{
-    QFETCH(QByteArray, before);
-    QFETCH(QByteArray, after);
-    const ScopedHome home;
-    const QString name = home.file(QStringLiteral("recfiles.xml"));
-    if (!before.isEmpty())
-        home.write(QStringLiteral("recfiles.xml"), before);
-    QVERIFY(language::toFile(name, QStringLiteral("1.2"), QStringLiteral("en")));
-    QCOMPARE(content(name), after);
-    QCOMPARE(language::fromFile(name, QStringLiteral("ru_RU"), fallback), QStringLiteral("en"));
-    QVERIFY(language::toFile(name, QStringLiteral("1.2"), QStringLiteral("en")));
-    QCOMPARE(content(name), after); // a second time changes nothing
-}
-
-void TestLanguage::unwritable()
-{
-    const ScopedHome home;
-    QVERIFY(!language::toFile(
-        home.file(QStringLiteral("none/recfiles.xml")), QStringLiteral("1"), QStringLiteral("en")));
 }
 
 void TestLanguage::english()

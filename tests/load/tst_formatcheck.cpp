@@ -13,6 +13,8 @@ class TestFormatCheck : public QObject {
 private slots:
     void verdict_data();
     void verdict();
+    void reason_data();
+    void reason();
     void compiledTemplate_data();
     void compiledTemplate();
     void builtinTemplatesCompile();
@@ -55,7 +57,8 @@ void TestFormatCheck::verdict_data()
     row("[;x]", false, "!cmnt name 3");
     row("[_5]", false, "!cmnt name 3");
     row("[фаза]", true);
-    row("[t]\\[x]", true); // the reader refuses it
+    row("[a[b]]", false); // the reader refuses it
+    row("<a>", true);
 }
 
 void TestFormatCheck::verdict()
@@ -64,6 +67,76 @@ void TestFormatCheck::verdict()
     const FormatVerdict verdict = checkFormat(format);
     QTEST(verdict.correct, "correct");
     QTEST(verdict.trace, "trace");
+}
+
+void TestFormatCheck::reason_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<bool>("correct");
+    QTest::addColumn<int>("reason");
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("instead");
+    const auto row = [](const char* name, const QString& format, bool correct, FormatReason reason,
+                         const char* what = "", int number = 0, const char* instead = "") {
+        QTest::newRow(name) << format << correct << int(reason) << QString::fromUtf8(what) << number
+                            << QString::fromUtf8(instead);
+    };
+    row("good", "[t_12] <a>;[x]", true, FormatReason::None);
+    row("empty", "", false, FormatReason::Empty);
+    row("no field", "; ,", false, FormatReason::NoField);
+    row("open", "[x] [y", false, FormatReason::Brackets);
+    row("mixed", "<[x]>", false, FormatReason::Brackets);
+    row("nested", "[a[b]]", false, FormatReason::Brackets);
+    row("no width", "[t] [x_]", false, FormatReason::Width, "[x_]");
+    row("no name", "<a> [;x]", false, FormatReason::Name, "[;x]");
+    row("letter", "[t]T[x]", false, FormatReason::Letter, "T", 3);
+    row("letter beyond ASCII", QString::fromUtf8("[x]ж"), false, FormatReason::Letter, "ж", 3);
+    row("digit", "2[x]", false, FormatReason::Letter, "2");
+    for (const char* const c : {"\\", "^", "_", "`", "{", "|", "}", "~", "°", "–"})
+        row(c, QString::fromUtf8("[t] %1[x]").arg(QString::fromUtf8(c)), false, FormatReason::Literal, c, 4);
+    row("two units", QString::fromUtf8("[t]🙂[x]"), false, FormatReason::Literal, "🙂", 3);
+    row("tab", "[t]\t[x]", false, FormatReason::Literal, "табуляция", 3);
+    row("no-break blank", "[t]" + QString(QChar(0xa0)) + "[x]", false, FormatReason::Literal, "U+00A0", 3);
+    row("all literals", "[t] !\"#$%&'()*+,-./:;=?@[x]", true, FormatReason::None);
+    row("inside a name", "[t~|] <b {}> [x]", true, FormatReason::None);
+    row("56 variables", QString("[x] ").repeated(56), true, FormatReason::None);
+    row("57 variables", QString("[x] ").repeated(57), false, FormatReason::TooManyVariables);
+    row("100 skipped", QString("<a> ").repeated(100) + "[x]", true, FormatReason::None);
+    row("101 skipped", QString("<a> ").repeated(101) + "[x]", false, FormatReason::TooManySkipped);
+    row("time alone", "<20> [t]", true, FormatReason::NoData);
+    row("skipped alone", "<a>", true, FormatReason::NoData);
+    row("side by side", "[t_12][x][y]", true, FormatReason::NoStop, "[x]");
+    row("skipped before", "[t] <a>[x]", true, FormatReason::NoStop, "<a>");
+    row("fixed side by side", "[t_12][x]", true, FormatReason::None);
+    row("widths off", "<a_3>[t_12][x]", true, FormatReason::NoStop, "[t_12]");
+    row("one digit", "[t_5] [x]", true, FormatReason::WidthUnread, "[t_5]", 0, "[t_05]");
+    row("long name", "[t] [time_12] [x]", true, FormatReason::WidthUnread, "[time_12]", 0, "[time_00012]");
+    row("three digits", "[t_123] [x]", true, FormatReason::WidthUnread, "[t_123]", 12);
+    row("negative", "[t_-5] [x]", true, FormatReason::WidthUnread, "[t_-5]");
+    row("behind a skipped width", "<a_3> [t_12] [x]", true, FormatReason::WidthUnread, "[t_12]");
+}
+
+void TestFormatCheck::reason()
+{
+    QFETCH(QString, format);
+    QFETCH(int, reason);
+    QFETCH(QString, what);
+    QFETCH(QString, instead);
+    const FormatVerdict verdict = checkFormat(format);
+    QTEST(verdict.correct, "correct");
+    QCOMPARE(int(verdict.reason), reason);
+    QCOMPARE(verdict.what, what);
+    QTEST(verdict.number, "number");
+    QCOMPARE(verdict.instead, instead);
+    const QString text = verdict.reasonText();
+    QCOMPARE(text.isEmpty(), verdict.reason == FormatReason::None);
+    QVERIFY(text.contains(what) && text.contains(instead) && !text.contains("%1"));
+    if (!verdict.correct && verdict.reason != FormatReason::Empty)
+        return;
+    // Whatever passes here is read, except for what has no variable at all.
+    const TemplateFault fault = compileTemplate(format).fault;
+    QVERIFY(fault == TemplateFault::None || fault == TemplateFault::NoVariable);
 }
 
 void TestFormatCheck::compiledTemplate_data()

@@ -17,6 +17,7 @@ class LineSource;
 class LineWalker;
 class PlainLines;
 class QFile;
+class QSaveFile;
 struct Record;
 
 /// Reads a text file line by line through a format template (see formattemplate.h), and writes a record as
@@ -61,15 +62,20 @@ public:
 
     /// Writes the record to `file`, which is opened and closed here: comment lines as they stand, or else the
     /// default header when it is asked for, then a line "time value" for each sample, all ended by CR LF. 0
-    /// on success, 1 when the file cannot be opened or not be written whole.
+    /// on success, 1 when the file cannot be opened or not be written whole, or when the progress stops it.
     int SaveToASCII(Record* rec, QFile* file, QStringList* comment, bool defaultHeader);
+    /// The same through a temporary file: what stood under the name before stays unless the result is 0.
+    int SaveToASCII(Record* rec, QSaveFile* file, QStringList* comment, bool defaultHeader);
+    /// The lines of the default header, without line ends; `withBand` puts the band into the second one.
+    static QStringList defaultHeader(const Record& rec, bool withBand);
     /// The text that SaveToASCII writes, in UTF-8. `rec`'s iterators move; `comment` may be null.
     static std::string asciiText(Record* rec, const QStringList* comment, bool defaultHeader);
 
     /// The array of a variable, which then outlives the reader's table; null when nothing was read.
     std::shared_ptr<double[]> column(int variable) const;
 
-    /// Called about every two megabytes with the share of the file read; false stops the reading.
+    /// Called about every two megabytes with the share of the file read, or of the samples made into text;
+    /// false stops the reading or the writing.
     void setProgress(std::function<bool(double)> progress) { m_progress = std::move(progress); }
 
     const FormatTemplate& compiled() const { return m_format; }

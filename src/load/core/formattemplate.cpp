@@ -35,7 +35,7 @@ TemplateFault walk(const QString& format, FormatTemplate& result)
         const QChar c = format.at(i);
         const bool isVariable = c == QLatin1Char('[');
         if (!isVariable && c != QLatin1Char('<')) {
-            if (c.unicode() < firstLiteral || c.unicode() > lastLiteral)
+            if (!isLiteral(c))
                 return TemplateFault::Literal;
             result.code.append(c.toLatin1());
             ++i;
@@ -86,6 +86,11 @@ QVector<int> FormatTemplate::dataVariables() const
             result.append(i);
     }
     return result;
+}
+
+bool isLiteral(QChar c)
+{
+    return c.unicode() >= firstLiteral && c.unicode() <= lastLiteral;
 }
 
 FormatTemplate compileTemplate(const QString& format)

@@ -54,6 +54,9 @@ struct FormatTemplate {
     QVector<int> dataVariables() const;
 };
 
+/// Whether a template can carry this character outside brackets.
+bool isLiteral(QChar c);
+
 FormatTemplate compileTemplate(const QString& format);
 
 /// Names of the data variables of a template, in its order; empty for one that cannot be used.

@@ -3,7 +3,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -23,7 +22,8 @@ bool LineSource::open()
 {
     const QFileInfo info(m_file.fileName());
     if (info.exists() && !info.isFile()) {
-        m_error = QString::fromLocal8Bit(std::strerror(info.isDir() ? EISDIR : EINVAL));
+        m_error = info.isDir() ? tr("это каталог, а не файл")
+                               : tr("это не файл данных, а канал, сокет или устройство");
         return false;
     }
     if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {

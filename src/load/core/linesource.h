@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QString>
 
@@ -12,10 +13,12 @@
 /// Lines end at byte 10. A UTF-8 byte-order mark at the start of the file is passed over. Only regular files
 /// are read: a pipe or a device may never end.
 class LineSource {
+    Q_DECLARE_TR_FUNCTIONS(LineSource)
+
 public:
     explicit LineSource(const QString& fileName);
 
-    /// False when the file cannot be read; error() then tells why.
+    /// False when the file cannot be read; error() then tells why, in the user's words or the system's.
     bool open();
     /// Called with the share of the file read so far, about every two megabytes; false ends the lines.
     void setProgress(std::function<bool(double)> progress) { m_progress = std::move(progress); }

@@ -1,0 +1,1 @@
+kronalys_bench(bench_columns LINK load_core)
