@@ -24,6 +24,7 @@ BEGIN {
     floorOf["load"] = floorOf["table"] = 7
     floorOf["app"] = floorOf["cli"] = floorOf["maintenance"] = 8
     coreFloor = 3
+    abovePlainCores["store"] = 0.5 # it writes text through load/core
 }
 
 # The room of a path below src: "table", "table/core", or "" for a file without a folder.
@@ -36,7 +37,7 @@ function room(path,   step, n) {
 
 function level(name) {
     if (name ~ /\/core$/)
-        return sub(/\/core$/, "", name) && (name in floorOf) ? coreFloor : 99
+        return sub(/\/core$/, "", name) && (name in floorOf) ? coreFloor + abovePlainCores[name] : 99
     return name in floorOf ? floorOf[name] : 99
 }
 

@@ -1,0 +1,1 @@
+kronalys_bench(bench_loading LINK store sample_recordings)

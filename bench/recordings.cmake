@@ -1,0 +1,1 @@
+kronalys_bench(bench_recordings LINK sample_recordings)
