@@ -18,7 +18,6 @@
 
 namespace {
 
-constexpr double sqrt2 = 1.4142135623730951;
 /// Channels from here on stand for combinations of records and take a slot even without points.
 constexpr unsigned short firstCrossChannel = 256;
 constexpr int spectrumKind = 2;
@@ -52,13 +51,16 @@ void AvarForm::setStability(Statistic statistic)
     setLogLog();
     setAxisTitleSource(MultiAxisPlot::bottomAxis, [] { return tr("Интервал времени измерения, с"); });
     for (int axis = 0; axis < MultiAxisPlot::yAxisCount; ++axis)
-        setAxisTitleSource(axis,
-            [this] { return statisticAxisTitle(statisticOfAvarType(avarType), language::isEnglish()); });
+        setAxisTitleSource(axis, [this, axis] {
+            const QString title = statisticAxisTitle(statisticOfAvarType(avarType), language::isEnglish());
+            return axis == 0 ? title : title + QStringLiteral(". ") + GetAxisName(axis);
+        });
 }
 
 void AvarForm::setSpectrum(bool ofFrequency)
 {
     plotKind = spectrumKind;
+    setProperty("helpPage", QStringLiteral("spectrum-graph"));
     plot()->setAxisScaleType(MultiAxisPlot::bottomAxis, MultiAxisPlot::Scale::Log10);
     setAxisTitleSource(MultiAxisPlot::bottomAxis, [] { return tr("Частота, мГц"); });
     for (int axis = 0; axis < MultiAxisPlot::yAxisCount; ++axis)
@@ -194,14 +196,20 @@ void AvarForm::showAVAR(QwtPlotItem*, bool)
         setPlotTitle(QString());
         return;
     }
+    setPlotTitle(recordTitle(index));
+    showTable(index, false);
+}
+
+void AvarForm::showTable(int index, bool live)
+{
+    // Averages and trends, when asked for, keep the box.
+    if (hasCurveTexts())
+        return;
     const bool english = language::isEnglish();
     const Data& data = m_data[size_t(index)];
     const QString html = stabilityTable(data.xData.data(), data.yData.data(), long(data.xData.size()),
-        statisticHead(statisticOfAvarType(avarType), english), sqrt2Action->isChecked(), english);
-    setPlotTitle(recordTitle(index));
-    // Averages and trends, when asked for, keep the box.
-    if (!hasCurveTexts())
-        boxes()->show(PlotBoxes::TopRight, QwtText(html, QwtText::RichText));
+        statisticHead(statisticOfAvarType(avarType), english), sqrt2Action->isChecked(), english, live);
+    boxes()->show(PlotBoxes::TopRight, QwtText(html, QwtText::RichText));
 }
 
 void AvarForm::leaveTextBox()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plot/plotform.h"
+#include "stats/incremental.h"
 #include "stats/statistic.h"
 
 #include <QDateTime>
@@ -50,6 +51,14 @@ public slots:
     void showAVAR(QwtPlotItem* item, bool on);
     void setSqrt2();
     void giveforRec(int index, double x1, double x2);
+    /// Replaces the curve of a channel by `count` new values `y` at the averaging times `tau` (s), with bars
+    /// of a tenth to either side. The values count by sample; `tau0`, the sampling interval in s, makes them
+    /// values by second. Those without a magnitude are left out.
+    void UpdateDynamicCurves(
+        unsigned short channel, int count, const double* y, const double* tau, double tau0);
+    /// Shows the first `count` running values of a record, at the averaging times `tau` (s), if they are of
+    /// the statistic shown.
+    void UpdDynValues(int count, varInf info, const double* tau);
 
 signals:
     void forRec(quint16 channel, double x1, double x2);
@@ -60,6 +69,8 @@ protected:
     ExportRequest exportRequest() const override;
 
 private:
+    static constexpr double sqrt2 = 1.4142135623730951;
+
     struct Data {
         std::vector<double> xData;
         std::vector<double> yData;
@@ -73,6 +84,8 @@ private:
     void addBars(const Data& data);
     void finishSlot(unsigned short channel, unsigned short axis);
     void useForm(int index);
+    void takeLive(int index, int count, const double* y, const double* tau, double tau0);
+    void showTable(int index, bool live);
     int shownCurve() const;
     QString recordTitle(int index) const;
 

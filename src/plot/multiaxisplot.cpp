@@ -26,13 +26,29 @@ constexpr double scalesShare = 0.6;
 /// A logarithmic axis wants a tick at each of 2 to 9.
 constexpr int maxMinorLog = 9;
 
-QwtScaleEngine* newEngine(MultiAxisPlot::Scale scale)
+QwtScaleEngine* newEngine(MultiAxisPlot::Scale scale, double origin)
 {
-    if (scale == MultiAxisPlot::Scale::Log10)
+    switch (scale) {
+    case MultiAxisPlot::Scale::Log10:
         return new QwtLogScaleEngine;
-    if (scale == MultiAxisPlot::Scale::Time || scale == MultiAxisPlot::Scale::Dates)
-        return new TimeScaleEngine(scale == MultiAxisPlot::Scale::Dates);
+    case MultiAxisPlot::Scale::Time:
+        return new TimeScaleEngine(TimeScaleEngine::Ticks::Clock, origin);
+    case MultiAxisPlot::Scale::Dates:
+        return new TimeScaleEngine(TimeScaleEngine::Ticks::Dates, origin);
+    case MultiAxisPlot::Scale::Whole:
+        return new TimeScaleEngine(TimeScaleEngine::Ticks::Whole, 0.0);
+    case MultiAxisPlot::Scale::Linear:
+        break;
+    }
     return new QwtLinearScaleEngine;
+}
+
+/// What a bottom axis shows on either side of the only X there is: half of the value, as the library has it,
+/// would be half of a calendar.
+double aroundOne(MultiAxisPlot::Scale scale)
+{
+    constexpr double minute = 60.0, day = 86400.0;
+    return scale == MultiAxisPlot::Scale::Dates ? day : scale == MultiAxisPlot::Scale::Time ? minute : 1.0;
 }
 
 /// The values that an axis must show, gathered point by point.
@@ -110,7 +126,7 @@ MultiAxisPlot::MultiAxisPlot(QWidget* parent)
     : QwtPlot(parent)
 {
     for (Axis& axis : m_axes) {
-        axis.engine.reset(newEngine(axis.scale));
+        axis.engine.reset(newEngine(axis.scale, axis.origin));
         setRange(axis, axis.range.min, axis.range.max);
     }
     for (int native = 0; native < axisCnt; ++native) {
@@ -213,13 +229,14 @@ void MultiAxisPlot::setAxisFont(const QFont& font)
     updateScales();
 }
 
-void MultiAxisPlot::setAxisScaleType(int number, Scale scale)
+void MultiAxisPlot::setAxisScaleType(int number, Scale scale, double origin)
 {
     Axis& axis = axisAt(number);
-    if (axis.scale == scale)
+    if (axis.scale == scale && axis.origin == origin)
         return;
     axis.scale = scale;
-    axis.engine.reset(newEngine(scale));
+    axis.origin = origin;
+    axis.engine.reset(newEngine(scale, origin));
     const bool usable = scale != Scale::Log10 || axis.range.min > 0.0;
     setRange(axis, usable ? axis.range.min : 1.0, usable ? axis.range.max : 10.0);
     updateScales();
@@ -320,6 +337,10 @@ void MultiAxisPlot::fitAxes()
         }
         double min = found.minValue();
         double max = found.maxValue();
+        if (min == max && i == size_t(yAxisCount)) {
+            min -= aroundOne(axis.scale);
+            max += aroundOne(axis.scale);
+        }
         double step = 0.0;
         axis.engine->autoScale(maxMajor, min, max, step);
         setRange(axis, min, max);
@@ -330,7 +351,7 @@ void MultiAxisPlot::showNative(int number)
 {
     const int native = isYAxis(number) ? int(yLeft) : int(xBottom);
     const Axis& axis = axisAt(number);
-    QwtPlot::setAxisScaleEngine(native, newEngine(axis.scale));
+    QwtPlot::setAxisScaleEngine(native, newEngine(axis.scale, axis.origin));
     QwtPlot::setAxisScaleDiv(native, axis.div);
 }
 

@@ -26,8 +26,9 @@ public:
     static constexpr int yAxisCount = 12;
     static constexpr int bottomAxis = 20;
 
-    /// Time: linear in seconds, with ticks on whole minutes, hours and days.
-    enum class Scale { Linear, Log10, Time, Dates };
+    /// Time and Dates: linear in seconds, with ticks on whole minutes, hours and days. Whole: linear, with
+    /// ticks on whole numbers.
+    enum class Scale { Linear, Log10, Time, Dates, Whole };
 
     explicit MultiAxisPlot(QWidget* parent = nullptr);
     ~MultiAxisPlot() override;
@@ -49,7 +50,8 @@ public:
     void setAxisColor(int axis, const QColor& color);
     QColor axisColor(int axis) const;
     void setAxisFont(const QFont& font);
-    void setAxisScaleType(int axis, Scale scale);
+    /// `origin` is the second of the day at 0 of an axis of time.
+    void setAxisScaleType(int axis, Scale scale, double origin = 0.0);
     Scale axisScaleType(int axis) const;
     /// Replaces the drawer of the bottom scale; the plot owns it.
     void setBottomScaleDraw(QwtScaleDraw* draw);
@@ -131,6 +133,7 @@ private:
         QString title;
         QColor color = Qt::black;
         Scale scale = Scale::Linear;
+        double origin = 0.0;
         std::unique_ptr<QwtScaleEngine> engine;
         QwtScaleDiv div;
     };

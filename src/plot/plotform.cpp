@@ -27,6 +27,7 @@
 namespace {
 
 constexpr int menuHeight = 30;
+constexpr int statusMargin = 2;
 constexpr int barWidth = 8;
 /// Pixels between the plot and the edges of the window.
 constexpr int plotMargin = 6;
@@ -68,10 +69,8 @@ PlotForm::PlotForm(int* number, QWidget* parent)
     m_statusLabel->setObjectName(QStringLiteral("statusLabel"));
     m_statusLabel->setTextFormat(Qt::PlainText);
     m_statusLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_statusLabel->setMargin(2);
-    // A long text must not widen the window, and an empty one must not let the plot jump.
-    m_statusLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    m_statusLabel->setFixedHeight(m_statusLabel->fontMetrics().height() + 4);
+    m_statusLabel->setMargin(statusMargin);
+    m_statusLabel->setFont(QFont(QStringLiteral("Arial"), 10));
 
     buildPlot();
     buildMarkers();
@@ -82,7 +81,6 @@ PlotForm::PlotForm(int* number, QWidget* parent)
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
     rows->setMenuBar(m_menuBar);
-    rows->addWidget(m_statusLabel);
     auto* frame = new QHBoxLayout;
     frame->setContentsMargins(plotMargin, 0, plotMargin, plotMargin);
     frame->addWidget(m_plot);
@@ -236,6 +234,7 @@ void PlotForm::retranslate()
     const QList<QAction*> axes = m_axisGroup->actions();
     for (int i = 0; i < axes.size(); ++i)
         axes[i]->setText(tr("Ось #") + QString::number(i + 1));
+    placeStatus();
     for (QAction* axis : axes)
         axis->setToolTip(tr("Ось, по которой работают маркеры и масштаб"));
     if (m_title)
@@ -282,6 +281,23 @@ void PlotForm::setStatusSource(Text text)
     m_statusSource = std::move(text);
 }
 
+/// The status stands in the row of the menus, where it takes no height from the plot; in a window too narrow
+/// for both it has a row of its own, whatever it says, so that the plot does not jump.
+void PlotForm::placeStatus()
+{
+    const int menus = m_menuBar->sizeHint().width();
+    const QFontMetrics metrics = m_statusLabel->fontMetrics();
+    const int longest =
+        metrics.horizontalAdvance(MarkerTexts().difference(-86400.0, -1e-10)) + 4 * statusMargin;
+    const bool beside = width() - menus >= longest;
+    const int height = metrics.height() + 2 * statusMargin;
+    layout()->setContentsMargins(0, beside ? 0 : height, 0, 0);
+    m_statusLabel->setGeometry(
+        beside ? QRect(menus, 0, width() - menus, menuHeight) : QRect(0, menuHeight, width(), height));
+    m_statusLabel->raise();
+    elideStatus();
+}
+
 void PlotForm::elideStatus()
 {
     const QString& text = m_status.isEmpty() ? m_hover : m_status;
@@ -300,8 +316,8 @@ void PlotForm::replot()
 void PlotForm::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    placeStatus();
     layout()->activate();
-    elideStatus();
 }
 
 void PlotForm::closeEvent(QCloseEvent* event)
@@ -316,6 +332,8 @@ void PlotForm::changeEvent(QEvent* event)
         retranslate();
         replot();
     }
+    if (event->type() == QEvent::FontChange && layout())
+        placeStatus();
     QWidget::changeEvent(event);
 }
 

@@ -146,8 +146,9 @@ public:
     /// Writes the picture; the suffix (pdf, svg, bmp, png, tif, tiff, jpg, jpeg) tells the format. On failure
     /// returns false and tells why.
     bool saveImageTo(const QString& file, QString* error = nullptr);
-    /// Writes the table of what is shown. False when there is no curve or the file cannot be written.
-    bool exportASCIITo(const QString& file);
+    /// Writes the table of what is shown. False when there is no curve or the file cannot be written; only
+    /// one that could be opened leaves an error.
+    bool exportASCIITo(const QString& file, QString* error = nullptr);
 
 public slots:
     void showCurve(QwtPlotItem* item, bool on);
@@ -268,6 +269,7 @@ private:
     void showCommentMenu(QwtTextLabel* label, const QPoint& pos);
 
     void colorAxes();
+    void placeStatus();
     void elideStatus();
     QVector<QPolygonF> visibleLines() const;
     QVector<QRectF> markerNames() const;

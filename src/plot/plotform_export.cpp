@@ -3,6 +3,7 @@
 #include "base/globals.h"
 #include "base/language.h"
 #include "base/paths.h"
+#include "base/wholefile.h"
 #include "plot/core/tiff.h"
 #include "plot/multiaxisplot.h"
 #include "plot/plotboxes.h"
@@ -25,7 +26,7 @@
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QSvgGenerator>
-#include <QTextStream>
+#include <QTextCodec>
 #include <qwt_legend.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
@@ -84,14 +85,11 @@ QString withoutImageSuffix(const QString& file)
     return QString(file).remove(known);
 }
 
-bool writeFile(const QString& file, const QByteArray& data, QString* error)
+/// A new file, or one that may give way: never a device.
+bool replaceable(const QString& file)
 {
-    QSaveFile out(file);
-    if (out.open(QIODevice::WriteOnly) && out.write(data) == data.size() && out.commit())
-        return true;
-    if (error)
-        *error = out.errorString();
-    return false;
+    const QFileInfo there(file);
+    return !there.exists() || there.isFile();
 }
 
 } // namespace
@@ -293,6 +291,11 @@ bool PlotForm::saveImageTo(const QString& file, QString* error)
             *error = curveCount < 1 ? tr("Нет ни одной кривой") : tr("Неизвестный формат изображения");
         return false;
     }
+    if (!replaceable(file)) {
+        if (error)
+            *error = tr("Это не обычный файл");
+        return false;
+    }
     const PictureScope scope(*this);
     const bool vector = format == ImageFormat::Pdf || format == ImageFormat::Svg;
     const QByteArray data = vector ? vectorImage(format) : bitmapImage(format);
@@ -301,7 +304,7 @@ bool PlotForm::saveImageTo(const QString& file, QString* error)
             *error = tr("Не удалось построить изображение");
         return false;
     }
-    return writeFile(file, data, error);
+    return replaceFile(file, data, error);
 }
 
 void PlotForm::saveImage()
@@ -437,18 +440,18 @@ ExportRequest PlotForm::exportRequest() const
     return request;
 }
 
-bool PlotForm::exportASCIITo(const QString& file)
+bool PlotForm::exportASCIITo(const QString& file, QString* error)
 {
     const QStringList lines = exportTable(exportRequest());
     QSaveFile out(file);
-    if (lines.isEmpty() || !out.open(QIODevice::WriteOnly))
+    if (lines.isEmpty() || !replaceable(file) || !openToReplace(&out))
         return false;
-    QTextStream stream(&out);
-    stream.setCodec("Windows-1251");
-    for (const QString& line : lines)
-        stream << line << '\n';
-    stream.flush();
-    return stream.status() == QTextStream::Ok && out.commit();
+    const QByteArray text = QTextCodec::codecForName("Windows-1251")
+                                ->fromUnicode(lines.join(QLatin1Char('\n')) + QLatin1Char('\n'));
+    const bool written = writeWhole(&out, text.constData(), text.size()) && out.commit();
+    if (!written && error)
+        *error = out.errorString();
+    return written;
 }
 
 void PlotForm::exportASCII()
@@ -458,5 +461,9 @@ void PlotForm::exportASCII()
     if (file.isEmpty())
         return;
     rememberFolder(file);
-    exportASCIITo(file);
+    // A file that cannot be opened is passed over in silence; half a table is not.
+    QString error;
+    if (!exportASCIITo(file, &error) && !error.isEmpty())
+        prompt::message(this, QMessageBox::Warning, tr("Сохранить таблицу"),
+            tr("Не удалось сохранить файл") + " " + file + ".\n" + error);
 }

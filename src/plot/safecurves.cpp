@@ -1,9 +1,11 @@
 #include "plot/safecurves.h"
 
+#include "plot/columnbars.h"
 #include "plot/core/loglimits.h"
 
 #include <QPaintEngine>
 #include <QPainter>
+#include <QTransform>
 #include <qwt_clipper.h>
 #include <qwt_interval_symbol.h>
 #include <qwt_painter.h>
@@ -21,7 +23,9 @@ namespace {
 /// How far beyond the canvas an end is drawn, in pixels: the cap is out of sight, the line reaches the edge.
 constexpr double beyond = 10.0;
 /// A curve with fewer points to a column of pixels is drawn point by point.
-constexpr double pointsPerColumn = 4.0;
+constexpr double pointsPerColumn = 1.5;
+/// Columns that are drawn in one way.
+constexpr int columnsAtOnce = 64;
 /// Columns of a vector picture to a pixel.
 constexpr double finer = 4.0;
 
@@ -272,8 +276,57 @@ void SafeCurve::drawPiece(QPainter* painter, const QwtScaleMap& xMap, const QwtS
     painter->setPen(pen());
     // The library, too, puts the points of a picture in pixels on whole ones.
     const QPolygonF line = thinned(xMap, yMap, span, 1.0 / scale, QwtPainter::roundingAlignment(painter));
-    QwtPainter::drawPolyline(painter, QwtClipper::clipPolygonF(clip, line));
+    if (!vector && asBars(*painter))
+        drawDense(painter, line, clip);
+    else
+        QwtPainter::drawPolyline(painter, QwtClipper::clipPolygonF(clip, line));
     painter->restore();
+}
+
+/// Bars are right for a solid line that goes from left to right.
+bool SafeCurve::asBars(const QPainter& painter) const
+{
+    const QTransform& toDevice = painter.deviceTransform();
+    return facts().rising && pen().style() == Qt::SolidLine && pen().color().alpha() == 255
+        && toDevice.type() <= QTransform::TxScale && toDevice.m11() > 0.0 && toDevice.m22() > 0.0;
+}
+
+/// Strokes that go up and down all over the picture take the painter long, and where they stand close
+/// together they leave nothing of it. There the columns of pixels are filled; elsewhere the line is drawn.
+void SafeCurve::drawDense(QPainter* painter, const QPolygonF& line, const QRectF& clip) const
+{
+    const QTransform toDevice = painter->deviceTransform();
+    const QRectF seen = toDevice.mapRect(clip).toAlignedRect();
+    const double width = std::max(1.0, pen().widthF() * toDevice.m11());
+    const bool smooth = painter->testRenderHint(QPainter::Antialiasing);
+    int drawn = 0; // up to this point
+    const auto stroke = [&](int to) {
+        const QPolygonF part = line.mid(drawn, to - drawn + 1);
+        if (part.size() > 1)
+            QwtPainter::drawPolyline(painter, QwtClipper::clipPolygonF(clip, part));
+    };
+    for (int i = 0; i < line.size();) {
+        QPointF last = toDevice.map(line[i]);
+        ColumnBars bars(
+            int(std::floor(std::clamp(last.x(), seen.left() - 1.0, seen.right() + 1.0))), columnsAtOnce);
+        int next = i + 1;
+        for (; next < line.size() && bars.covers(last.x()); ++next) {
+            const QPointF pixel = toDevice.map(line[next]);
+            if (!bars.covers(pixel.x()))
+                break;
+            bars.add(last, pixel);
+            last = pixel;
+        }
+        if (bars.tall()) {
+            stroke(i);
+            painter->setRenderHint(QPainter::Antialiasing, false);
+            bars.draw(painter, pen().color(), width, seen);
+            painter->setRenderHint(QPainter::Antialiasing, smooth);
+            drawn = next - 1;
+        }
+        i = next;
+    }
+    stroke(line.size() - 1);
 }
 
 void SafeCurve::drawDot(QPainter* painter, const QPointF& pixel, const QRectF& canvasRect) const

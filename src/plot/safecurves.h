@@ -55,6 +55,8 @@ private:
         const QwtScaleMap& xMap, const QwtScaleMap& yMap, Span span, double column, bool wholePixels) const;
     void drawPiece(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
         const QRectF& canvasRect, Span span) const;
+    void drawDense(QPainter* painter, const QPolygonF& line, const QRectF& clip) const;
+    bool asBars(const QPainter& painter) const;
     void drawDot(QPainter* painter, const QPointF& pixel, const QRectF& canvasRect) const;
 
     mutable Facts m_facts;

@@ -1,11 +1,11 @@
 #include "plot/seriesgraph.h"
 
 #include "plot/avarform.h"
+#include "plot/clockscaledraw.h"
 #include "plot/grafoptions.h"
 #include "plot/multiaxisplot.h"
 #include "plot/plotzoomdt.h"
 #include "plot/stabilitygraph.h"
-#include "plot/timescaledraw.h"
 
 #include <QCoreApplication>
 #include <QIcon>
@@ -71,15 +71,18 @@ void setTimeAxis(AvarForm& form, const SeriesScope& scope)
     } else if (scope.kind == SeriesKind::Day) {
         form.interval = 86400.0;
     }
-    if (scope.kind != SeriesKind::MinMax)
+    if (scope.kind != SeriesKind::MinMax) {
+        form.plot()->setAxisScaleType(MultiAxisPlot::bottomAxis, MultiAxisPlot::Scale::Whole);
         return;
+    }
     const bool clock = scope.start.date().daysTo(scope.stop.date()) + 1 < clockDays;
-    form.plot()->setAxisScaleType(
-        MultiAxisPlot::bottomAxis, clock ? MultiAxisPlot::Scale::Time : MultiAxisPlot::Scale::Dates);
+    form.plot()->setAxisScaleType(MultiAxisPlot::bottomAxis,
+        clock ? MultiAxisPlot::Scale::Time : MultiAxisPlot::Scale::Dates,
+        scope.start.time().msecsSinceStartOfDay() / 1000.0);
     if (clock)
-        form.plot()->setBottomScaleDraw(new TimeScaleDraw(scope.start.time()));
+        form.plot()->setBottomScaleDraw(new ClockScaleDraw(scope.start.time()));
     else
-        form.plot()->setBottomScaleDraw(new DateScaleDraw(scope.start));
+        form.plot()->setBottomScaleDraw(new CalendarScaleDraw(scope.start));
 }
 
 void setBounds(AvarForm& form, const QDateTime& start, const QDateTime& stop)

@@ -18,12 +18,15 @@ public:
     static QString text(const StabilityNotes& notes)
     {
         QString text;
-        if (notes.driftRemoved)
-            text += tr(". Дрейф искл.");
-        if (notes.overlapped)
-            text += tr(". С перекрытиями.");
-        if (notes.cross)
-            text += tr(". Кросс-обработка.");
+        // Each note begins with the full stop of what stands before it, and may bring its own.
+        const auto add = [&text](bool wanted, const QString& note) {
+            if (wanted)
+                text += text.endsWith(QLatin1Char('.')) ? note.mid(1) : note;
+        };
+        add(notes.driftRemoved, tr(". Дрейф искл."));
+        add(notes.overlapped, tr(". С перекрытиями."));
+        add(notes.cross, tr(". Кросс-обработка."));
+        add(notes.standsStill, tr(". Не обновляется."));
         return text;
     }
 
@@ -33,9 +36,14 @@ public:
             .arg(QString::number(least, 'g', 6), QString::number(greatest, 'g', 6));
     }
 
-    static QString leftOut(const QStringList& titles)
+    static QString status(const QStringList& leftOut, bool standsStill)
     {
-        return tr("Не показаны (мало точек или нет места): ") + titles.join(QStringLiteral(", "));
+        QStringList told;
+        if (!leftOut.isEmpty())
+            told << tr("Не показаны (мало точек или нет места): ") + leftOut.join(QStringLiteral(", "));
+        if (standsStill)
+            told << tr("Новые отсчеты здесь не учитываются: повторите обработку");
+        return told.join(QStringLiteral("; "));
     }
 };
 
@@ -58,7 +66,7 @@ bool addCurve(AvarForm& form, const StabilityCurve& curve)
     const int index = form.curveCount;
     std::vector<double> tau = curve.tau;
     std::vector<double> value = curve.value;
-    form.addData(curve.channel, long(points), tau.data(), value.data(), 0, curve.start, curve.stop);
+    form.addData(curve.channel, long(points), tau.data(), value.data(), curve.axis, curve.start, curve.stop);
     form.setCurveTitle(index, curve.title);
     return true;
 }
@@ -92,7 +100,8 @@ QStringList showStability(
     }
     form.setMarkerMode();
     form.initZoomer();
-    if (!leftOut.isEmpty())
-        form.setStatusSource([leftOut] { return StabilityGraph::leftOut(leftOut); });
+    if (!leftOut.isEmpty() || notes.standsStill)
+        form.setStatusSource(
+            [leftOut, still = notes.standsStill] { return StabilityGraph::status(leftOut, still); });
     return leftOut;
 }

@@ -1,11 +1,11 @@
 #include "plot/staticphaseform.h"
 
 #include "base/debuglog.h"
+#include "plot/clockscaledraw.h"
 #include "plot/core/daycounts.h"
 #include "plot/multiaxisplot.h"
 #include "plot/plaintooltip.h"
 #include "plot/plotzoomdt.h"
-#include "plot/timescaledraw.h"
 #include "prompt/guard.h"
 #include "table/core/recordtexts.h"
 
@@ -15,12 +15,9 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QSlider>
 #include <QVBoxLayout>
 #include <qwt_plot_curve.h>
-#include <qwt_scale_map.h>
-#include <qwt_text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -33,45 +30,6 @@ QString dateText(const QDate& date)
 {
     return date.toString(QStringLiteral("dd.MM.yyyy"));
 }
-
-/// Adds seconds to the labels where minutes no longer tell the ticks apart, and leaves labels out where they
-/// would touch.
-class ClockScaleDraw : public TimeScaleDraw {
-public:
-    ClockScaleDraw()
-        : TimeScaleDraw(QTime(0, 0))
-    {
-    }
-
-    QwtText label(double value) const override
-    {
-        const double distance = step();
-        if (distance >= 60.0 || !std::isfinite(value))
-            return TimeScaleDraw::label(value);
-        double second = std::fmod(value, secondsOfDay);
-        second += second < 0.0 ? secondsOfDay : 0.0;
-        const QString form = distance < 1.0 ? QStringLiteral("hh:mm:ss.zzz") : QStringLiteral("hh:mm:ss");
-        return {QTime(0, 0).addMSecs(int(std::lround(second * 1000.0))).toString(form), QwtText::PlainText};
-    }
-
-protected:
-    void drawLabel(QPainter* painter, double value) const override
-    {
-        constexpr double gap = 8.0; // pixels
-        const double pixels = std::fabs(scaleMap().transform(step()) - scaleMap().transform(0.0));
-        const double width = label(value).textSize(painter->font()).width() + gap;
-        const double every = std::ceil(width / std::max(pixels, 1.0));
-        if (std::fmod(std::round(value / step()), every) == 0.0)
-            TimeScaleDraw::drawLabel(painter, value);
-    }
-
-private:
-    double step() const
-    {
-        const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);
-        return ticks.size() > 1 ? std::fabs(ticks[1] - ticks[0]) : 60.0;
-    }
-};
 
 } // namespace
 
@@ -233,7 +191,7 @@ void StaticPhaseForm::setDays(int days)
 
 void StaticPhaseForm::setTimeAxis()
 {
-    plot->plot()->setBottomScaleDraw(new ClockScaleDraw);
+    plot->plot()->setBottomScaleDraw(new ClockScaleDraw(QTime(0, 0)));
     plot->setAxisTitleSource(MultiAxisPlot::bottomAxis, [] { return tr("Время"); });
 }
 
@@ -271,10 +229,6 @@ void StaticPhaseForm::addStaticRecords(bool first)
             plot->setCurveTitle(i, recordName(records[size_t(i)]));
     }
     showSlider(dayCount > 1);
-    {
-        const QSignalBlocker quiet(daySlider);
-        daySlider->setValue(lastDay());
-    }
     anotherDay(lastDay());
 }
 
@@ -361,7 +315,11 @@ void StaticPhaseForm::anotherDay(int day)
         DebugLOG("ERROR QWT!!");
         return;
     }
-    m_dayLabel->setText(dayText(daySlider->value()));
+    {
+        const QSignalBlocker quiet(daySlider);
+        daySlider->setValue(day);
+    }
+    m_dayLabel->setText(dayText(day));
     runGuarded("StaticPhaseForm anotherDay", [this, day] { drawDay(day); });
 }
 

@@ -1,10 +1,14 @@
 #include "plot/tableform.h"
 
+#include "base/debuglog.h"
 #include "base/paths.h"
+#include "base/wholefile.h"
 #include "plot/core/texttable.h"
 #include "plot/popupmenu.h"
+#include "prompt/guard.h"
 #include "prompt/prompt.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -16,12 +20,13 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QTableWidget>
 #include <QTextCodec>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -30,6 +35,11 @@ namespace {
 constexpr int exportWidth = 15;
 constexpr int tableWidth = 25;
 constexpr int printedFirstHeadWidth = 17;
+
+/// A deviation not above this has not been computed yet.
+constexpr double leastValue = 1e-30;
+/// Heads tell averaging times to ten digits.
+constexpr double headRounding = 1e-9;
 
 /// Width of the printed text in points: A4 across, less the 2 cm that QTextDocument leaves on either side.
 constexpr double printedWidth = (297.0 - 40.0) / 25.4 * 72.0;
@@ -118,12 +128,16 @@ void TableForm::addLine(QStringList texts)
 {
     const int column = sorchTable->columnCount();
     sorchTable->setColumnCount(column + 1);
-    for (int row = 0; row < sorchTable->rowCount(); ++row) {
-        auto* item = new QTableWidgetItem(texts.value(row));
-        item->setFlags(item->flags() & ~Qt::ItemIsEditable);
-        item->setTextAlignment(int(Qt::AlignRight | Qt::AlignVCenter));
-        sorchTable->setItem(row, column, item);
-    }
+    for (int row = 0; row < sorchTable->rowCount(); ++row)
+        putItem(row, column, texts.value(row));
+}
+
+void TableForm::putItem(int row, int column, const QString& text)
+{
+    auto* item = new QTableWidgetItem(text);
+    item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+    item->setTextAlignment(int(Qt::AlignRight | Qt::AlignVCenter));
+    sorchTable->setItem(row, column, item);
 }
 
 void TableForm::resizeCol()
@@ -141,6 +155,57 @@ void TableForm::setHeadSource(std::function<QStringList()> source)
 {
     m_heads = std::move(source);
     retranslate();
+}
+
+void TableForm::UpdDynValues(int count, varInf info, const double* tau)
+{
+    const int column = channels.indexOf(info.recID);
+    if (column < 0) {
+        DebugLOG("not found");
+        return;
+    }
+    if (info.typeOfVar != avarType || !tau || !(info.interval > 0.0))
+        return;
+    runGuarded("TableForm UpdDynValues", [&] {
+        for (int i = 0; i < std::min(count, info.length); ++i) {
+            if (std::isfinite(info.value[i]) && std::fabs(info.value[i]) > leastValue && tau[i] > 0.0)
+                writeValue(column, tau[i], info.value[i] / info.interval);
+        }
+    });
+    const QAbstractItemView* view = sorchTable;
+    const int wanted = view->sizeHintForColumn(column);
+    if (wanted > sorchTable->columnWidth(column))
+        sorchTable->setColumnWidth(column, wanted);
+}
+
+void TableForm::writeValue(int column, double tau, double value)
+{
+    const int row = rowOfTau(tau);
+    const QString text = QString::number(value, 'g', 6);
+    if (QTableWidgetItem* item = sorchTable->item(row, column))
+        item->setText(text);
+    else
+        putItem(row, column, text);
+}
+
+/// The row headed by an averaging time; the heads of such rows rise.
+int TableForm::rowOfTau(double tau)
+{
+    int row = 0;
+    for (; row < sorchTable->rowCount(); ++row) {
+        const QTableWidgetItem* head = sorchTable->verticalHeaderItem(row);
+        bool isTau = false;
+        const double here = head ? head->text().toDouble(&isTau) : 0.0;
+        if (isTau && std::fabs(here - tau) <= headRounding * tau)
+            return row;
+        if (isTau && here > tau)
+            break;
+    }
+    sorchTable->insertRow(row);
+    sorchTable->setVerticalHeaderItem(row, new QTableWidgetItem(QString::number(tau, 'g', 10)));
+    for (int column = 0; column < sorchTable->columnCount(); ++column)
+        putItem(row, column, QString());
+    return row;
 }
 
 TextTable TableForm::content() const
@@ -163,11 +228,8 @@ TextTable TableForm::content() const
 
 void TableForm::writeText(const QString& file, const QString& text)
 {
-    QSaveFile out(file);
     const QTextCodec* codec = QTextCodec::codecForName("Windows-1251");
-    const QByteArray bytes = codec->fromUnicode(text);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Text) || out.write(bytes) != bytes.size()
-        || !out.commit())
+    if (!replaceFile(file, codec->fromUnicode(text)))
         prompt::message(this, QMessageBox::Critical, tr("Сохранить таблицу"), tr("ERROR! (file saving)"),
             QMessageBox::Ok);
 }

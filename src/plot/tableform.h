@@ -1,5 +1,7 @@
 #pragma once
 
+#include "stats/incremental.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -45,6 +47,8 @@ public:
     QList<unsigned short> channels;
     /// 4 for cross-processing + 2 for overlap + 1 for removed drift.
     int tableType = 0;
+    /// The statistic of a table of stability values, by avarTypeOf; -1 for a table of another kind.
+    int avarType = -1;
 
 public slots:
     /// Writes the table as text in Windows-1251.
@@ -55,6 +59,10 @@ public slots:
     /// Copies the selected rows; a row counts as selected when its first item is. The rows that name the
     /// columns are always taken.
     void copySelected();
+    /// Writes the first `count` running values of a record into its column, under the heads of their
+    /// averaging times `tau` (s), if they are of the statistic of the table. A row that is missing is put in
+    /// at its place. A cell for which there is no value yet stays as it is.
+    void UpdDynValues(int count, varInf info, const double* tau);
 
 signals:
     void IsClosing(QObject* window);
@@ -65,6 +73,9 @@ protected:
 
 private:
     void retranslate();
+    void putItem(int row, int column, const QString& text);
+    void writeValue(int column, double tau, double value);
+    int rowOfTau(double tau);
     TextTable content() const;
     bool namesColumns(const QString& head) const;
     void writeText(const QString& file, const QString& text);

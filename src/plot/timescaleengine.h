@@ -1,13 +1,23 @@
 #pragma once
 
+#include "plot/core/timeticks.h"
+
 #include <qwt_scale_engine.h>
 
-/// Divides an axis in seconds at whole seconds, minutes, hours and days.
+/// Divides an axis in seconds at whole seconds, minutes, hours and days, or an axis of whole numbers at
+/// these.
 class TimeScaleEngine : public QwtLinearScaleEngine {
 public:
-    /// `dates` for an axis that shows dates only, which repeat below a day.
-    explicit TimeScaleEngine(bool dates = false)
-        : m_dates(dates)
+    enum class Ticks {
+        Clock,
+        Dates, ///< the axis shows dates only, which repeat below a day
+        Whole,
+    };
+
+    /// `origin` is the second of the day at X = 0.
+    TimeScaleEngine(Ticks ticks, double origin)
+        : m_ticks(ticks)
+        , m_origin(origin)
     {
     }
     void autoScale(int maxSteps, double& x1, double& x2, double& stepSize) const override;
@@ -15,5 +25,8 @@ public:
         double x1, double x2, int maxMajor, int maxMinor, double stepSize = 0.0) const override;
 
 private:
-    bool m_dates;
+    TimeStep step(double span, int mostMajor) const;
+
+    Ticks m_ticks;
+    double m_origin;
 };

@@ -1,8 +1,12 @@
 #pragma once
 
 #include "plot/avarform.h"
+#include "plot/multiaxisplot.h"
 
+#include <QApplication>
 #include <QTest>
+#include <QWheelEvent>
+#include <qtestspontaneevent.h>
 #include <qwt_plot_curve.h>
 
 #include <cmath>
@@ -31,6 +35,16 @@ inline QVector<QPointF> samples(const QwtPlotCurve& curve)
     for (size_t i = 0; i < curve.dataSize(); ++i)
         points << curve.sample(int(i));
     return points;
+}
+
+inline void turnWheel(PlotForm& form, const QPoint& pixel, int notches, Qt::KeyboardModifiers modifiers = {})
+{
+    QWidget* canvas = form.plot()->canvas();
+    QWheelEvent event(pixel, canvas->mapToGlobal(pixel), QPoint(), QPoint(0, 120 * notches), Qt::NoButton,
+        modifiers, Qt::NoScrollPhase, false);
+    // Only what comes from outside is passed up from the canvas.
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(canvas, &event);
 }
 
 inline void showWindow(AvarForm& form)

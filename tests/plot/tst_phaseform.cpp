@@ -157,6 +157,13 @@ void TestPhaseForm::severalDays()
     QCOMPARE(form.daySlider->value(), 1);
     QVERIFY(attached(form, 1));
     QCOMPARE(first(form, 1).x(), secondsOfDay + 23.5 * 3600.0);
+    // So does a day called by its number.
+    form.anotherDay(2);
+    QCOMPARE(form.daySlider->value(), 2);
+    QCOMPARE(first(form, 0).x(), 2 * secondsOfDay);
+    form.anotherDay(3);
+    QCOMPARE(form.daySlider->value(), 2);
+    form.anotherDay(1);
     // A period on another day shows that day.
     form.plot->zoomDialog()->setdt(morning.addDays(2), morning.addDays(2).addSecs(3600));
     emit form.plot->zoomDialog()->zoomIt();

@@ -23,6 +23,11 @@
 #include <QXmlStreamReader>
 #include <qwt_plot_canvas.h>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
 namespace {
 
 QByteArray contentOf(const QString& name)
@@ -42,6 +47,24 @@ bool blank(const QImage& image)
     return true;
 }
 
+/// No file can grow beyond so many bytes, as on a disk that is full.
+class FileLimit {
+public:
+    explicit FileLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FileLimit(const FileLimit&) = delete;
+    FileLimit& operator=(const FileLimit&) = delete;
+
+private:
+    rlimit m_before{};
+};
+
 } // namespace
 
 class TestPlotExport : public QObject {
@@ -59,6 +82,7 @@ private slots:
     void print();
     void preview();
     void asciiExport();
+    void fullDisk();
 };
 
 void TestPlotExport::images_data()
@@ -165,6 +189,12 @@ void TestPlotExport::imageFailures()
     QVERIFY(!form.saveImageTo(dir.filePath("graph.xyz"), &error) && !error.isEmpty());
     error.clear();
     QVERIFY(!form.saveImageTo(dir.filePath("no/such/graph.png"), &error) && !error.isEmpty());
+    // What is no regular file must not be replaced by one.
+    const QString pipe = dir.filePath("pipe.png");
+    QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+    error.clear();
+    QVERIFY(!form.saveImageTo(pipe, &error) && !error.isEmpty());
+    QVERIFY(!form.exportASCIITo(pipe));
     // A directory stands in the way of the file.
     QVERIFY(QDir(dir.path()).mkdir("graph.png"));
     ScopedPrompts prompts;
@@ -251,7 +281,7 @@ void TestPlotExport::picturesExplainThemselves()
     for (QXmlStreamReader reader(contentOf(file)); !reader.atEnd(); reader.readNext())
         text += reader.isCharacters() ? reader.text().toString() : QString();
     text = text.simplified();
-    QVERIFY2(text.contains("Девиация Аллана (СКДО). Дрейф искл.. С перекрытиями. tau от 2 до 200000 с"),
+    QVERIFY2(text.contains("Девиация Аллана (СКДО). Дрейф искл. С перекрытиями. tau от 2 до 200000 с"),
         qPrintable(text));
     // On the screen the title of the window says it.
     QVERIFY(form.plot()->title().text().isEmpty());
@@ -355,6 +385,28 @@ void TestPlotExport::asciiExport()
     QVERIFY(form.exportASCIITo(home.file("s.txt")));
     QVERIFY(codec->toUnicode(contentOf(home.file("s.txt"))).startsWith("            Название"));
     form.exportASCII();
+}
+
+/// What was there before outlives a failure half way, and the user hears of it.
+void TestPlotExport::fullDisk()
+{
+    ScopedHome home;
+    AvarForm form(nullptr, nullptr, 0);
+    add(form, 1, 200);
+    ScopedPrompts prompts;
+    for (const char* name : {"g.png", "g.bmp", "g.tif", "g.jpeg", "g.pdf", "g.svg", "table.txt"}) {
+        const QString file = QString::fromLatin1(name);
+        home.write(file, "kept");
+        prompts.chooseFile(home.file(file), "*." + QFileInfo(file).suffix());
+        prompts.press(QMessageBox::Ok);
+        {
+            const FileLimit limit(1000);
+            file == "table.txt" ? form.exportASCII() : form.saveImage();
+        }
+        QVERIFY2(prompts.seen.last().text.contains(file), name);
+        QCOMPARE(contentOf(home.file(file)), QByteArray("kept"));
+    }
+    QCOMPARE(QDir(home.file(QString())).entryList({"g.*", "table*"}, QDir::Files).size(), 7);
 }
 
 QTEST_MAIN(TestPlotExport)

@@ -7,6 +7,8 @@
 #include "support/near.h"
 
 #include <QAction>
+#include <QLabel>
+#include <QMenuBar>
 #include <QTest>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_intervalcurve.h>
@@ -34,6 +36,7 @@ private slots:
     void means();
     void adevOfHours();
     void modes();
+    void statusLine();
     void legendCheck();
     void axisMenu();
     void trend_data();
@@ -175,6 +178,33 @@ void TestPlotForm::adevOfHours()
         form.plot()->canvas(), Qt::LeftButton, {}, QPoint(form.plot()->canvas()->width() - 10, 60));
     const QString table = form.findChild<QwtTextLabel*>("bottomRightBox")->text().text();
     QVERIFY2(table.contains(">3600<") && table.contains(">1.41e-12<"), qPrintable(table));
+}
+
+/// Beside the menus where there is room, else between these and the plot; the plot stands still in either
+/// case.
+void TestPlotForm::statusLine()
+{
+    AvarForm form(nullptr, nullptr, 0);
+    add(form, 1, 5);
+    form.resize(1200, 600);
+    showWindow(form);
+    const auto* label = form.findChild<QLabel*>("statusLabel");
+    const auto* menus = form.findChild<QMenuBar*>();
+    for (const int width : {1200, 475}) {
+        form.resize(width, 600);
+        form.setStatusText(QString());
+        QCoreApplication::processEvents();
+        const QRect plot = form.plot()->geometry();
+        form.setStatusText("|X2 - X1| = 86400.000 s, |Y2 - Y1| = 1.234e-10");
+        QCoreApplication::processEvents();
+        QCOMPARE(form.plot()->geometry(), plot);
+        QVERIFY(!label->geometry().intersects(plot));
+        QCOMPARE(label->geometry().right(), form.width() - 1);
+        QCOMPARE(label->text(), form.statusText());
+        QCOMPARE(plot.top() == menus->height(), width > 1000);
+        for (QAction* action : menus->actions())
+            QVERIFY(!label->geometry().intersects(menus->actionGeometry(action)));
+    }
 }
 
 void TestPlotForm::modes()

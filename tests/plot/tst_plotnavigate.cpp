@@ -9,8 +9,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QTest>
-#include <QWheelEvent>
-#include <qtestspontaneevent.h>
 
 #include <limits>
 
@@ -19,16 +17,6 @@ Q_DECLARE_METATYPE(AxisRange)
 namespace {
 
 constexpr int bottom = MultiAxisPlot::bottomAxis;
-
-void turnWheel(PlotForm& form, const QPoint& pixel, int notches, Qt::KeyboardModifiers modifiers = {})
-{
-    QWidget* canvas = form.plot()->canvas();
-    QWheelEvent event(pixel, canvas->mapToGlobal(pixel), QPoint(), QPoint(0, 120 * notches), Qt::NoButton,
-        modifiers, Qt::NoScrollPhase, false);
-    // Only what comes from outside is passed up from the canvas.
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    qApp->notify(canvas, &event);
-}
 
 void drag(QWidget* canvas, Qt::MouseButton button, const QPoint& from, const QPoint& to)
 {

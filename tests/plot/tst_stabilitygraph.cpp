@@ -38,6 +38,8 @@ private slots:
     void oneCurve();
     void shortCurvesStayOut();
     void fewerValuesThanTau();
+    void valuesThatDoNotFollow();
+    void kindsHaveTheirAxes();
 };
 
 void TestStabilityGraph::titlesTellWhatWasDone_data()
@@ -48,8 +50,9 @@ void TestStabilityGraph::titlesTellWhatWasDone_data()
     QTest::addColumn<QString>("title");
     QTest::newRow("plain") << false << false << false << "Девиация Аллана (СКДО)";
     QTest::newRow("drift") << true << false << false << "Девиация Аллана (СКДО). Дрейф искл.";
+    QTest::newRow("cross") << false << false << true << "Девиация Аллана (СКДО). Кросс-обработка.";
     QTest::newRow("all") << true << true << true
-                         << "Девиация Аллана (СКДО). Дрейф искл.. С перекрытиями.. Кросс-обработка.";
+                         << "Девиация Аллана (СКДО). Дрейф искл. С перекрытиями. Кросс-обработка.";
 }
 
 void TestStabilityGraph::titlesTellWhatWasDone()
@@ -61,6 +64,7 @@ void TestStabilityGraph::titlesTellWhatWasDone()
     showStability(form, Statistic::Adev, {curveOf("a", 11)}, {drift, overlap, cross});
     QTEST(form.windowTitle(), "title");
     QCOMPARE(form.plot()->axisTitle(0), QString("СКДО"));
+    QCOMPARE(form.plot()->axisTitle(1), QString("СКДО. Температура"));
     QCOMPARE(form.avarType, avarTypeOf(Statistic::Adev));
     QCOMPARE(form.plotKind, 3);
     App_lang = "en";
@@ -117,6 +121,33 @@ void TestStabilityGraph::fewerValuesThanTau()
     curve.value.resize(10);
     AvarForm other(nullptr, nullptr, 3);
     QCOMPARE(showStability(other, Statistic::Mdev, {curve}, {}), QStringList{"mdev"});
+}
+
+void TestStabilityGraph::valuesThatDoNotFollow()
+{
+    StabilityNotes notes;
+    notes.overlapped = true;
+    notes.standsStill = true;
+    AvarForm form(nullptr, nullptr, 3);
+    showStability(form, Statistic::Adev, {curveOf("a", 11), curveOf("short", 2)}, notes);
+    QCOMPARE(form.windowTitle(), QString("Девиация Аллана (СКДО). С перекрытиями. Не обновляется."));
+    QVERIFY(form.statusText().contains("short") && form.statusText().contains("повторите обработку"));
+    AvarForm other(nullptr, nullptr, 3);
+    showStability(other, Statistic::Adev, {curveOf("a", 11)}, notes);
+    QVERIFY(other.statusText().startsWith("Новые отсчеты"));
+}
+
+void TestStabilityGraph::kindsHaveTheirAxes()
+{
+    AvarForm form(nullptr, nullptr, 3);
+    QVector<StabilityCurve> curves{curveOf("phase", 11), curveOf("temperature", 11)};
+    curves[1].axis = 1;
+    for (double& value : curves[1].value)
+        value *= 1e9;
+    showStability(form, Statistic::Adev, curves, {});
+    QVERIFY(form.plot()->axisEnabled(1) && !form.plot()->axisEnabled(2));
+    QVERIFY(form.plot()->axisInterval(0).maxValue() < 1e-9);
+    QVERIFY(form.plot()->axisInterval(1).minValue() > 1e-9);
 }
 
 QTEST_MAIN(TestStabilityGraph)

@@ -1,5 +1,6 @@
 #include "plot/popupmenu.h"
 #include "plot/tableform.h"
+#include "stats/incremental.h"
 #include "support/scopedhome.h"
 #include "support/scopedprompts.h"
 
@@ -15,6 +16,9 @@
 #include <QTextCodec>
 #include <QTranslator>
 #include <QtTest>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -235,6 +239,64 @@ private slots:
         action->trigger();
         QCOMPARE(clip().count('\n'), 2);
         QCoreApplication::removeTranslator(&english);
+    }
+
+    void runningValues()
+    {
+        TableForm form;
+        fill(form);
+        form.setHeadSource([] { return QStringList{"Канал", "Название"}; });
+        form.channels = {5, 7};
+        const double tau[] = {1.0, 2.0, 5.0, 10.0, 20.0, -1.0};
+        varInf running;
+        running.Reserve(6);
+        running.recID = 7;
+        running.interval = 0.5;
+        running.typeOfVar = 1;
+        const double values[] = {1.23456789e-12, 5e-13, 0.0, std::nan(""), 2e-14, 1.0};
+        std::copy_n(values, 6, running.value);
+        const auto texts = [&form](int column) {
+            QStringList all;
+            for (int row = 0; row < form.sorchTable->rowCount(); ++row)
+                all << form.sorchTable->item(row, column)->text();
+            return all;
+        };
+        const auto heads = [&form] {
+            QStringList all;
+            for (int row = 0; row < form.sorchTable->rowCount(); ++row)
+                all << form.sorchTable->verticalHeaderItem(row)->text();
+            return all;
+        };
+        const QStringList before = texts(1);
+        form.UpdDynValues(6, running, tau); // of no statistic
+        form.avarType = 2;
+        form.UpdDynValues(6, running, tau);
+        form.avarType = 1;
+        form.UpdDynValues(6, running, nullptr);
+        form.UpdDynValues(0, running, tau);
+        running.recID = 8;
+        QTest::ignoreMessage(QtDebugMsg, "not found");
+        form.UpdDynValues(6, running, tau);
+        running.recID = 7;
+        running.interval = 0.0;
+        form.UpdDynValues(6, running, tau);
+        running.interval = 0.5;
+        QCOMPARE(texts(1), before);
+        QCOMPARE(heads().size(), 4);
+
+        form.sorchTable->setColumnWidth(1, 10);
+        form.UpdDynValues(99, running, tau);
+        QCOMPARE(heads(), (QStringList{"Канал", "Название", "1", "2", "10", "20"}));
+        QCOMPARE(texts(0), (QStringList{"1", "Ch1-Ref", "1.5e-13", "", "2e-14", ""}));
+        QCOMPARE(texts(1),
+            (QStringList{"2", "Стандарт", "2.46914e-12", "1e-12", "an unusually long cell here", "4e-14"}));
+        QVERIFY(!(form.sorchTable->item(5, 1)->flags() & Qt::ItemIsEditable));
+        QVERIFY(form.sorchTable->columnWidth(1) > 50);
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(&form, &change);
+        QCOMPARE(heads().mid(2), (QStringList{"1", "2", "10", "20"}));
+        form.UpdDynValues(1, running, tau);
+        QCOMPARE(heads().size(), 6);
     }
 
     void closing()

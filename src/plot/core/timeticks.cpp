@@ -30,3 +30,16 @@ TimeStep timeStep(double span, int mostMajor, bool dates)
         days *= k % 3 == 1 ? 2.5 : 2.0; // 20, 40, 100, 200, 400, ...
     return {days * day, 2};
 }
+
+TimeStep wholeStep(double span, int mostMajor)
+{
+    if (!(span >= 1.0) || span > longestSpan || mostMajor < 1)
+        return {};
+    constexpr TimeStep first[] = {{1.0, 1}, {2.0, 2}, {5.0, 5}};
+    for (double power = 1.0;; power *= 10.0) {
+        for (const TimeStep& step : first) {
+            if (span <= step.major * power * mostMajor)
+                return {step.major * power, power > 1.0 ? 2 : step.minors};
+        }
+    }
+}

@@ -11,3 +11,7 @@ struct TimeStep {
 ///
 /// A scale that reads as dates has no use for steps below a day (`dates`), unless it spans less than two.
 TimeStep timeStep(double span, int mostMajor, bool dates = false);
+
+/// The same for an axis of whole numbers, such as days: 1, 2 or 5 times a power of ten. Spans below 1 get
+/// none.
+TimeStep wholeStep(double span, int mostMajor);

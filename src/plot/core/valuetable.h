@@ -7,11 +7,12 @@
 
 /// Taus and values of one stability curve. Rows stand for the point indices 0, 3, 6, 9, 11, 13, 16, 17 and 20
 /// only, which on the usual scale of taus are round numbers. `head` is the short name of the statistic.
+/// `live` values have a shorter word for tau above.
 QString stabilityTable(const double* tau, const double* value, long count, const QString& head,
-    bool dividedBySqrt2, bool english);
+    bool dividedBySqrt2, bool english, bool live = false);
 
 /// The parts of such a table: head with the short name of the statistic, one row of texts, end.
-QString valueTableHead(const QString& head, bool english);
+QString valueTableHead(const QString& head, bool english, bool live = false);
 QString valueTableRow(const QString& tau, const QString& value);
 QString valueTableEnd();
 
