@@ -4,17 +4,21 @@
 #include "prompt/warndiag.h"
 #include "ui_selrectable.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStyle>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -22,6 +26,7 @@ constexpr int columnWidths[] = {20, 50, 130, 130, 50, 68, 125, 84, 84, 50, 70, 1
 constexpr int rowHeight = 20; // pixels
 constexpr int intervalColumn = 4;
 constexpr int bandColumn = 5;
+const QString rowButtons = QStringLiteral("^(add|upd|del|delAll|diff|merge)Recs?Btn$");
 
 } // namespace
 
@@ -75,10 +80,16 @@ void SelRecTable::buildTable()
 
 void SelRecTable::buildActions()
 {
-    auto* editTime = new QAction(ui->recTable);
-    editTime->setObjectName(QStringLiteral("EditTimeRec"));
-    ui->recTable->addAction(editTime);
-    connect(editTime, &QAction::triggered, this, &SelRecTable::EditTimeRec);
+    const auto action = [this](const QString& name, auto slot) {
+        auto* made = new QAction(ui->recTable);
+        made->setObjectName(name);
+        ui->recTable->addAction(made);
+        connect(made, &QAction::triggered, this, slot);
+        return made;
+    };
+    action(QStringLiteral("SaveRecsToASCIIFile"), &SelRecTable::SaveRecsToASCIIFile);
+    m_saveAction = action(QStringLiteral("SaveRecsToFile"), &SelRecTable::SaveRecsToFile);
+    action(QStringLiteral("EditTimeRec"), &SelRecTable::EditTimeRec);
 
     m_graphMenu = new QMenu(this);
     m_tableMenu = new QMenu(this);
@@ -150,7 +161,15 @@ void SelRecTable::showTexts()
     m_emptyHint->setText(
         tr("Записей нет.\nНажмите «Добавить запись» и выберите файл измерений,\nили перетащите "
            "файл сюда."));
-    ui->recTable->actions().first()->setText(tr("Изменить время начала записи"));
+    const QStringList texts{tr("Сохранить запись в ASCII-файл"), tr("Сохранить запись в файл"),
+        tr("Изменить время начала записи")};
+    const QStringList tips{tr("Сохранить обработанную запись, на которой стоит курсор, в текстовый файл"),
+        tr("Сохранить запись, на которой стоит курсор, в формате файлов компаратора"),
+        tr("Изменить время начала и конца записи")};
+    for (int i = 0; i < texts.size(); ++i) {
+        ui->recTable->actions().at(i)->setText(texts.at(i));
+        ui->recTable->actions().at(i)->setToolTip(tips.at(i));
+    }
     ui->recTable->horizontalHeaderItem(9)->setToolTip(tr(
         "Наибольшее отклонение от медианы за сутки: для фазы — разности частот, для других данных — самого "
         "значения.\nБольшие отклонения при обработке заменяются. 0 — без ограничения, для фазы также 1"));
@@ -166,6 +185,7 @@ void SelRecTable::showTexts()
     fillStatisticMenus();
     showSpectrumTexts();
     fitCommands();
+    measureRowButtons();
 }
 
 void SelRecTable::activateBtns(bool on)
@@ -199,6 +219,8 @@ void SelRecTable::updateEmptyState()
     ui->delAllRecsBtn->setEnabled(free_row > 0);
     ui->diffRecBtn->setEnabled(free_row > 1);
     ui->mergeRecBtn->setEnabled(free_row > 1);
+    ui->updRecsBtn->setEnabled(std::any_of(
+        load_record, load_record + free_row, [](const Record& rec) { return !rec.path.isEmpty(); }));
     emit rowsChanged();
 }
 
@@ -218,10 +240,34 @@ void SelRecTable::fitCommands()
     ui->commandScroll->setFixedHeight(wanted.height() + bar);
 }
 
+/// Notes the texts that the buttons above the rows have been given, and what room these need.
+void SelRecTable::measureRowButtons()
+{
+    for (QAbstractButton* button : findChildren<QAbstractButton*>(QRegularExpression(rowButtons)))
+        button->setAccessibleName(button->text());
+    ui->mergeRecBtn->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_rowButtonsWidth = ui->rowsLayout->minimumSize().width();
+    fitRowButtons();
+}
+
+/// In a window too narrow for their texts the buttons above the rows show their icons alone.
+void SelRecTable::fitRowButtons()
+{
+    const QMargins margins = layout()->contentsMargins();
+    const bool narrow = width() < m_rowButtonsWidth + margins.left() + margins.right();
+    for (QAbstractButton* button : findChildren<QAbstractButton*>(QRegularExpression(rowButtons))) {
+        const QString text = narrow ? QString() : button->accessibleName();
+        if (button->text() != text)
+            button->setText(text);
+    }
+    ui->mergeRecBtn->setToolButtonStyle(narrow ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+}
+
 void SelRecTable::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     fitCommands();
+    fitRowButtons();
 }
 
 void SelRecTable::on_addRecBtn_clicked()

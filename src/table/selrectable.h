@@ -3,6 +3,7 @@
 #include "plot/seriesgraph.h"
 #include "plot/stabilitygraph.h"
 #include "record/record.h"
+#include "stats/incremental.h"
 #include "stats/statistic.h"
 #include "table/core/crosspair.h"
 #include "table/core/difference.h"
@@ -11,7 +12,10 @@
 #include "table/core/processedrecords.h"
 #include "table/core/stability.h"
 
+#include <QDateTime>
+#include <QHash>
 #include <QList>
+#include <QMessageBox>
 #include <QStringList>
 #include <QWidget>
 
@@ -22,6 +26,7 @@
 class AvarForm;
 class PhaseForm;
 class QAction;
+class QDir;
 class QLabel;
 class QMenu;
 class ProgressScope;
@@ -48,9 +53,17 @@ public:
     int free_row = 0;
     /// Where generateNewID() keeps the last identifier it gave, so that it survives the session; may be null.
     quint8* lastUsedRecID = nullptr;
+    /// Cross processing pairs the samples of records with the same start by their order.
+    bool simultaneousMoments = false;
     /// The measurement interval of the frequency graph, s.
     double frInterval = 1.0;
+    /// The numbers of the newest graph windows of phase and of frequency. 0 when that window was closed.
+    int sampCount = 0;
+    int freqCount = 0;
 
+    /// Takes what the settings hold for the table: the last identifier given and the last directory saved to.
+    /// Both stay the owner's and are kept up to date; they may be null.
+    void setProp(quint8* recID, QString* savePath);
     /// Fills a row from a record; a data type that is not known becomes 0.
     void DisplayRecInfo_atTableRow(int row, Record* rec);
     /// Makes the row `free_row` visible and counts it.
@@ -87,6 +100,23 @@ signals:
     void filesDropped(QStringList files);
     /// A graph or result table was made; the main window gives it a frame and shows it.
     void windowMade(QWidget* window);
+    /// New samples of a live record, with the time (s) and the value of the sample before them: RecID, count,
+    /// t, x, t and x before. The arrays are valid during the call only.
+    void PlotsTakeNewDataFromManager(quint16, int, const double*, const double*, double, double);
+    /// New running values of a live record: their count, the values, and their averaging times (s), which are
+    /// valid during the call only.
+    void UpdAvarPlots(int, varInf, const double*);
+    /// A record is to be written in the recording format: the record, the directory, the number of the file
+    /// names. Sent with SLEEP set. The receiver calls recSaved() before it returns.
+    void SaveRecs(Record*, QDir*, quint8);
+    /// A processed record is to be written as text. It belongs to the table.
+    void SaveToASCII(Record*);
+    /// A recording is to be read anew: its directory, the start of the record, its channel, and the interval
+    /// between its samples, s. Sent with SLEEP set. What the receiver gives to addRecord() before it returns
+    /// takes the place of the row, no further row is made.
+    void updRecords(QString, QDateTime, int, double);
+    /// Sent with true before records are read anew and with false behind that.
+    void hideWindows_forUpdRec(bool);
 
 public slots:
     /// Takes a deep copy of a record from any source into the next free row, and empties `rec` whatever
@@ -94,6 +124,18 @@ public slots:
     void addRecord(Record* rec);
     void ChangeDataType(int index);
     void EditTimeRec();
+    /// Writes the checked rows, or the row with the cursor, in the recording format; the action of the
+    /// context menu the row with the cursor only.
+    void SaveRecsToFile();
+    /// Hands over the processed record of the row with the cursor to be saved as text.
+    void SaveRecsToASCIIFile();
+    /// The answer to SaveRecs(): what went wrong, for the user; empty when the record is written.
+    void recSaved(const QString& fault);
+    /// For the receivers of SaveRecs() and updRecords(), now and then: shows the share of their work that is
+    /// done. True when the user wants it to end.
+    bool stopAsked(double share);
+    /// Reads on the checked rows that come from a directory.
+    void on_updRecsBtn_clicked();
     /// Adds the stretch of a checked row between two times, in seconds from its first sample, as a record.
     void giveForRec(quint16 recID, double from, double to);
     void EditRecTableDateTime();
@@ -136,12 +178,17 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    struct RecordSaving;
+    struct RowUpdate;
+
     // rows
     void buildTable();
     void buildActions();
     void buildKeys();
     void updateEmptyState();
     void fitCommands();
+    void measureRowButtons();
+    void fitRowButtons();
     void showTexts();
     int selectedRow() const;
     bool isChecked(int row) const;
@@ -154,6 +201,17 @@ private:
     void removeRows(const QVector<int>& unwanted);
     void showKinds(int row);
     void cleanRepeats(Record& slot);
+
+    // saving and reading on
+    int currentRow() const;
+    void tellSaving(QMessageBox::Icon icon, const QString& text);
+    bool placeFor(const Record& rec, RecordSaving* saving);
+    bool chooseDirectory(RecordSaving* saving);
+    void save(Record* rec, RecordSaving* saving, double done, double share);
+    void tellSaved(const RecordSaving& saving);
+    QVector<int> rowsToUpdate() const;
+    QString updateRow(int row);
+    bool takeUpdate(Record* rec);
 
     // new rows of others
     void combineChecked(const char* name, const std::function<bool(Record&, Record&, Record&)>& make);
@@ -183,6 +241,7 @@ private:
     void computeAlone(int i, double share);
     void queueStatistic(int rec, const StabilityKernel& kernel);
     bool checkCross();
+    CrossMoments moments() const;
     bool crossFits(CrossStatus status);
     void computeCross();
     void computePair();
@@ -197,6 +256,7 @@ private:
     void showWhole(Record* shown, bool frequency);
     void showReduced(SeriesKind kind, bool frequency);
     GraphSeries reducedSeries(int i, SeriesKind kind, bool frequency);
+    int checkedRowOf(quint16 recID) const;
     double firstTimeOf(quint16 recID);
 
     // results
@@ -208,6 +268,9 @@ private:
     void chooseStatistic(const QAction* item);
     TableForm* newTable(const std::function<QString()>& title);
     void adopt(QWidget* window);
+    void numberWindow(const QObject* window, int* counter);
+    bool followsLive() const;
+    bool standsStill() const;
     void adoptGraph(std::unique_ptr<AvarForm> graph);
     QList<QWidget*> figures() const;
 
@@ -219,7 +282,10 @@ private:
     QMenu* m_spectrumGraphMenu = nullptr;
     QMenu* m_spectrumTableMenu = nullptr;
     QLabel* m_emptyHint = nullptr;
+    QAction* m_saveAction = nullptr; // of the context menu
+    int m_rowButtonsWidth = 0; // pixels that the buttons above the rows take with their texts
     quint8 m_lastID = 0;
+    QString* openSavePath = nullptr;
     Statistic m_type = Statistic::Adev; // being computed
     PhaseSeries m_series; // of the record being computed
     CrossSeries m_cross; // of the records being computed together
@@ -228,7 +294,16 @@ private:
     double m_progressDone = 0.0; // share of the work behind the step at hand
     double m_progressStep = 0.0; // share of the step at hand
     bool m_stopAsked = false;
+    QString m_saveFault; // of the record being saved
+    RowUpdate* m_update = nullptr; // while a row is read anew
     QList<PhaseForm*> m_phases;
     QList<AvarForm*> m_graphs;
     QList<TableForm*> m_tables;
+
+    /// Where the numbers of a kind of windows are counted, and the number of one of them.
+    struct WindowNumber {
+        int* counter = nullptr;
+        int number = 0;
+    };
+    QHash<const QObject*, WindowNumber> m_numbers;
 };

@@ -63,6 +63,11 @@ void SelRecTable::computeCross()
         computePair();
 }
 
+CrossMoments SelRecTable::moments() const
+{
+    return simultaneousMoments ? CrossMoments::Simultaneous : CrossMoments::ByTimeMarks;
+}
+
 /// Whether records fit together; tells the user why not.
 bool SelRecTable::crossFits(CrossStatus status)
 {
@@ -107,12 +112,12 @@ void SelRecTable::computePair()
         return;
     }
     Span inA{}, inB{};
-    if (!crossFits(crossSpans(first, second, inA, inB)))
+    if (!crossFits(crossSpans(first, second, inA, inB, moments())))
         return;
     if (std::abs(stepsIn(inA) - stepsIn(inB)) > 10)
         tellCountsDiffer();
     CrossStatus status = CrossStatus::Ok;
-    const auto align = [&] { status = alignSpans(first, second, inA, inB, m_cross); };
+    const auto align = [&] { status = alignSpans(first, second, inA, inB, m_cross, moments()); };
     if (!run({align}, alignShare) || !crossFits(status))
         return;
     comparison = int(m_cross.kind);
@@ -135,7 +140,7 @@ void SelRecTable::computePair()
 int SelRecTable::cross_calc(int rec, CrossKernel kernel, int a0, int b0, int a1, int b1, bool shown)
 {
     if (m_cross.size() == 0
-        && alignSpans(record[0], record[1], {a0, a1}, {b0, b1}, m_cross) != CrossStatus::Ok)
+        && alignSpans(record[0], record[1], {a0, a1}, {b0, b1}, m_cross, moments()) != CrossStatus::Ok)
         return 0;
     m_progressStep = statisticsShare / statisticsOfGroup(0).size();
     const auto values = crossStability(
@@ -148,7 +153,7 @@ void SelRecTable::computeHat()
 {
     HatSeries series;
     CrossStatus status = CrossStatus::Ok;
-    const auto align = [&] { status = hatSeries(record[0], record[1], record[2], series); };
+    const auto align = [&] { status = hatSeries(record[0], record[1], record[2], series, moments()); };
     if (!run({align}, alignShare) || !crossFits(status))
         return;
     if (series.countsDiffer)

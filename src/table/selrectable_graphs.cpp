@@ -19,7 +19,11 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
+
+constexpr int firstKindWithoutTime = 2; // of plotKind: spectra, stability
 
 /// A window in the MDI area is moved and closed by its frame.
 QWidget* frameOf(QWidget* window)
@@ -78,7 +82,21 @@ void SelRecTable::chooseStatistic(const QAction* item)
 
 StabilityNotes SelRecTable::notes() const
 {
-    return {driftExcluded, overlapped, crossProc};
+    return {driftExcluded, overlapped, crossProc, standsStill()};
+}
+
+/// Whether running values of live records are of the kind that the results are.
+bool SelRecTable::followsLive() const
+{
+    return !crossProc && !driftExcluded && liveKernel(statisticOfVarType(varType), overlapped);
+}
+
+/// A record goes on being measured, and its results do not follow.
+bool SelRecTable::standsStill() const
+{
+    const bool live =
+        std::any_of(record.get(), record.get() + recCount, [](const Record& rec) { return rec.dynamic; });
+    return live && !followsLive();
 }
 
 void SelRecTable::popup_slot_varplot(QAction* item)
@@ -99,17 +117,26 @@ void SelRecTable::adopt(QWidget* window)
     emit windowMade(window);
 }
 
+void SelRecTable::numberWindow(const QObject* window, int* counter)
+{
+    m_numbers.insert(window, {counter, *counter});
+}
+
 void SelRecTable::on_avarGrBtn_clicked()
 {
     runGuarded("new AvarForm", [this] {
         QVector<StabilityCurve> curves;
         for (int i = 0; i < rows.size(); ++i) {
             const ResultRow& row = rows.at(i);
-            curves.push_back(
-                {channelOf(row, i), row.name, tauSec[size_t(i)], avarRes[size_t(i)], row.start, row.stop});
+            // Values of unlike kinds of data differ by many decades.
+            const quint16 axis = crossProc ? quint16(0) : record[size_t(i)].dataType;
+            curves.push_back({channelOf(row, i), row.name, tauSec[size_t(i)], avarRes[size_t(i)], row.start,
+                row.stop, axis});
         }
         auto graph = std::make_unique<AvarForm>(nullptr, nullptr, 0);
         showStability(*graph, statisticOfVarType(varType), curves, notes());
+        if (followsLive())
+            connect(this, &SelRecTable::UpdAvarPlots, graph.get(), &AvarForm::UpdDynValues);
         adoptGraph(std::move(graph));
     });
 }
@@ -117,6 +144,11 @@ void SelRecTable::on_avarGrBtn_clicked()
 void SelRecTable::adoptGraph(std::unique_ptr<AvarForm> graph)
 {
     connect(graph.get(), &AvarForm::IsClosing, this, &SelRecTable::PlotIsClosed);
+    // There X is no time of a record.
+    if (graph->plotKind >= firstKindWithoutTime)
+        connect(graph.get(), &AvarForm::forRec, graph.get(), [shown = graph.get()] {
+            shown->setStatusText(tr("Новая запись вырезается только из графика по времени"));
+        });
     m_graphs.prepend(graph.get());
     adopt(graph.release());
 }
@@ -148,8 +180,12 @@ void SelRecTable::on_avarTabBtn_clicked()
         const bool cross = crossProc;
         const QStringList heads = stabilityHeads(tau, cross);
         table->setColNum(heads.size(), heads);
-        table->setHeadSource([tau, cross] { return stabilityHeads(tau, cross); });
+        // The others are numbers in either language, and a live measurement adds to them.
+        table->setHeadSource([cross] { return stabilityHeads({}, cross); });
         table->tableType = 4 * int(crossProc) + 2 * int(overlapped) + int(driftExcluded);
+        table->avarType = avarTypeOf(statistic);
+        if (followsLive())
+            connect(this, &SelRecTable::UpdAvarPlots, table, &TableForm::UpdDynValues);
         for (int i = 0; i < rows.size(); ++i) {
             QStringList cells = stabilityCells(columns.at(i), tau);
             if (cross)
@@ -273,6 +309,11 @@ void SelRecTable::PlotIsClosed(QObject* window)
     m_phases.erase(std::remove_if(m_phases.begin(), m_phases.end(), isIt), m_phases.end());
     m_graphs.erase(std::remove_if(m_graphs.begin(), m_graphs.end(), isIt), m_graphs.end());
     m_tables.erase(std::remove_if(m_tables.begin(), m_tables.end(), isIt), m_tables.end());
+    if (auto* table = qobject_cast<TableForm*>(window))
+        table->channels.clear();
+    const WindowNumber number = m_numbers.take(window);
+    if (number.counter && *number.counter == number.number)
+        *number.counter = 0;
     auto* widget = qobject_cast<QWidget*>(window);
     if (!widget)
         return;

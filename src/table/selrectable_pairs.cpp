@@ -164,6 +164,15 @@ void SelRecTable::popup_mergeRec_ItemSelected(QAction* item)
         mode->setChecked(mode == item);
 }
 
+/// The first checked row with an identifier; free_row without any.
+int SelRecTable::checkedRowOf(quint16 recID) const
+{
+    int row = 0;
+    while (row < free_row && !(isChecked(row) && load_record[row].RecID == recID))
+        ++row;
+    return row;
+}
+
 void SelRecTable::giveForRec(quint16 recID, double from, double to)
 {
     DebugLOG(("SELREC save #" + QByteArray::number(recID)).constData());
@@ -174,9 +183,7 @@ void SelRecTable::giveForRec(quint16 recID, double from, double to)
         tellTableFull();
         return;
     }
-    int row = 0;
-    while (row < free_row && !(isChecked(row) && load_record[row].RecID == recID))
-        ++row;
+    const int row = checkedRowOf(recID);
     if (row == free_row) {
         DebugLOG("Нужная запись не найдена в таблице, извините.."); // verbatim
         prompt::message(this, QMessageBox::Information, windowTitle(),

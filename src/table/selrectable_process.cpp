@@ -73,9 +73,9 @@ void SelRecTable::setCommandsEnabled(bool on)
 {
     if (!on)
         ui->stopBtn->show(); // before the focus looks for a new place
-    const QList<QWidget*> commands{ui->recTable, ui->addRecBtn, ui->delRecBtn, ui->delAllRecsBtn,
-        ui->diffRecBtn, ui->mergeRecBtn, ui->processBtn, ui->selVarBox, ui->overlapBox, ui->trendBox,
-        ui->crossBox, ui->threeCornHatBox, ui->spectrBox, ui->freqlineEdit, ui->MoveRecordUp,
+    const QList<QWidget*> commands{ui->recTable, ui->addRecBtn, ui->updRecsBtn, ui->delRecBtn,
+        ui->delAllRecsBtn, ui->diffRecBtn, ui->mergeRecBtn, ui->processBtn, ui->selVarBox, ui->overlapBox,
+        ui->trendBox, ui->crossBox, ui->threeCornHatBox, ui->spectrBox, ui->freqlineEdit, ui->MoveRecordUp,
         ui->MoveRecordDown, ui->RotateRecord_Btn, ui->SelectAllRecords_Btn, ui->UnselectAllRecords_Btn};
     for (QWidget* widget : commands)
         widget->setEnabled(on);

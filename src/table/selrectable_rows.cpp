@@ -4,6 +4,7 @@
 #include "prompt/prompt.h"
 #include "record/staticrecord.h"
 #include "table/core/recordtexts.h"
+#include "table/core/refresh.h"
 #include "table/core/relaydays.h"
 #include "table/edtdatetimedlg.h"
 #include "table/selrectable.h"
@@ -40,6 +41,8 @@ void SelRecTable::addRecord(Record* rec)
                             .arg(rec->dataType)));
     if (rec->n_cnt > 0)
         DebugLOG(qPrintable(QStringLiteral("t[0]=%1").arg(rec->t[0], 0, 'g', 17)));
+    if (takeUpdate(rec))
+        return;
     if (free_row >= maxRecords) {
         prompt::message(this, QMessageBox::Critical, tr("Ошибка загрузки записи"),
             tr("В таблице нет места, запись не загружена!"));
@@ -294,13 +297,7 @@ void SelRecTable::on_RotateRecord_Btn_clicked()
     if (SLEEP || row < 0 || row >= free_row)
         return;
     Record& rec = load_record[row];
-    if (rec.n_cnt > 0) {
-        ownSamples(&rec);
-        rec.x.resetIterator(0);
-        bool more = true;
-        for (double* value = &rec.x[0]; more; value = rec.x.nextEl(more))
-            *value = -*value;
-    }
+    turnValues(rec);
     rec.ref_sig.swap(rec.meas_sig);
     DisplayRecInfo_atTableRow(row, &rec);
 }
@@ -387,6 +384,14 @@ void SelRecTable::EditRecTableDateTime()
     const QSignalBlocker quiet(ui->recTable);
     ui->recTable->item(row, From)->setText(load_record[row].start.toString(dateForm));
     ui->recTable->item(row, To)->setText(load_record[row].stop.toString(dateForm));
+}
+
+void SelRecTable::setProp(quint8* recID, QString* savePath)
+{
+    lastUsedRecID = recID;
+    openSavePath = savePath;
+    if (recID)
+        m_lastID = *recID;
 }
 
 quint8 SelRecTable::generateNewID()

@@ -120,18 +120,22 @@ std::optional<SeriesKind> SelRecTable::seriesKind() const
 void SelRecTable::on_sampGrBtn_clicked()
 {
     const std::optional<SeriesKind> kind = seriesKind();
-    runGuarded(kind ? "new AvarForm" : "new PhaseForm", [&] {
+    const bool shown = runGuarded(kind ? "new AvarForm" : "new PhaseForm", [&] {
+        ++sampCount;
         if (kind)
             showReduced(*kind, false);
         else
             showWhole(record.get(), false);
     });
+    if (!shown)
+        sampCount = 0;
 }
 
 void SelRecTable::on_freqGrBtn_clicked()
 {
     const std::optional<SeriesKind> kind = seriesKind();
-    runGuarded(kind ? "new AvarForm" : "new FreqForm", [&] {
+    const bool shown = runGuarded(kind ? "new AvarForm" : "new FreqForm", [&] {
+        ++freqCount;
         const bool wait = !kind || *kind == SeriesKind::MinMax;
         if (wait) {
             QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -144,12 +148,15 @@ void SelRecTable::on_freqGrBtn_clicked()
         else
             showWhole(record_freq.get(), true);
     });
+    if (!shown)
+        freqCount = 0;
 }
 
 /// A graph of all samples, day by day.
 void SelRecTable::showWhole(Record* shown, bool frequency)
 {
-    auto window = std::make_unique<PhaseForm>(nullptr);
+    int* const counter = frequency ? &freqCount : &sampCount;
+    auto window = std::make_unique<PhaseForm>(counter);
     window->isFreq = frequency;
     window->plot->plotKind = frequency ? 1 : 0;
     window->setWindowIcon(
@@ -158,24 +165,24 @@ void SelRecTable::showWhole(Record* shown, bool frequency)
     window->setTitleSource(
         [frequency, interval, cross = crossProc] { return wholeSeriesTitle(frequency, interval, cross); });
     window->addRecords(shown, recCount, frequency ? frequencyAxes : 0, interval);
+    window->addDynamicRecords();
+    connect(this, &SelRecTable::PlotsTakeNewDataFromManager, window.get(), &PhaseForm::UpdateDynamicCurves);
     connect(window.get(), &PhaseForm::IsClosing, this, &SelRecTable::PlotIsClosed);
     connect(window.get(), &PhaseForm::NewRecReady, this, &SelRecTable::addRecord);
     connect(window.get(), &PhaseForm::forRec, this, [this](quint16 id, double from, double to) {
         const double first = firstTimeOf(id);
         giveForRec(id, from - first, to - first);
     });
+    numberWindow(window.get(), counter);
     m_phases.prepend(window.get());
     adopt(window.release());
 }
 
-/// The first time stamp of a row, which stretches are counted from.
+/// The first time stamp of the row that a stretch is cut from.
 double SelRecTable::firstTimeOf(quint16 recID)
 {
-    for (int row = 0; row < free_row; ++row) {
-        if (load_record[row].RecID == recID && load_record[row].n_cnt > 0)
-            return load_record[row].t[0];
-    }
-    return 0.0;
+    const int row = checkedRowOf(recID);
+    return row < free_row && load_record[row].n_cnt > 0 ? load_record[row].t[0] : 0.0;
 }
 
 GraphSeries SelRecTable::reducedSeries(int i, SeriesKind kind, bool frequency)
@@ -206,12 +213,14 @@ void SelRecTable::showReduced(SeriesKind kind, bool frequency)
             static_cast<unsigned short>(rec.dataType + (frequency ? frequencyAxes : 0)), rec.start,
             rec.stop});
     }
-    auto graph = std::make_unique<AvarForm>(nullptr, nullptr, frequency ? 1 : 0);
+    int* const counter = frequency ? &freqCount : &sampCount;
+    auto graph = std::make_unique<AvarForm>(counter, nullptr, frequency ? 1 : 0);
     showSeries(*graph, scope, curves);
     // The starts as they were: the user may have moved a record since.
     connect(graph.get(), &AvarForm::forRec, this, [this, scope, starts](quint16 id, double from, double to) {
         const QDateTime start = starts.value(id);
         giveForRec(id, secondsInto(start, scope, from), secondsInto(start, scope, to));
     });
+    numberWindow(graph.get(), counter);
     adoptGraph(std::move(graph));
 }

@@ -338,9 +338,7 @@ void TableCommandsTest::keys()
 void TableCommandsTest::drop()
 {
     const QString file = m_home->write(QStringLiteral("clock.txt"), "0 1\n1 2\n");
-    auto* path = child<QLineEdit>("file_LE_Path");
     const auto dropped = [&](const QUrl& url) {
-        path->clear();
         QMimeData data;
         data.setUrls({url});
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -349,7 +347,7 @@ void TableCommandsTest::drop()
         QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         event.ignore();
         QApplication::sendEvent(m_rows->viewport(), &event);
-        return event.isAccepted() ? path->text() : QString();
+        return event.isAccepted() ? child<QLineEdit>("file_LE_Path")->text() : QString();
     };
     QCOMPARE(dropped(QUrl(QStringLiteral("http://example.org/a.txt"))), QString());
     SLEEP = true;

@@ -1,4 +1,5 @@
 #include "app/tablewindow.h"
+#include "plot/phaseform.h"
 #include "resources/resources.h"
 
 #include <QApplication>
@@ -94,6 +95,7 @@ private slots:
     void othersRestMeanwhile();
     void memoryEndsAnywhere_data();
     void memoryEndsAnywhere();
+    void graphsWithoutMemory();
     void oddRecords_data();
     void oddRecords();
 };
@@ -226,6 +228,22 @@ void TableResilienceTest::memoryEndsAnywhere()
     }
     QVERIFY2(failures > 0, "there were large allocations");
     QVERIFY(m_table->free_row > rows || (m_table->recCount == rows && !m_table->rows.isEmpty()));
+}
+
+/// A window that could not be made leaves no number behind.
+void TableResilienceTest::graphsWithoutMemory()
+{
+    add("BAn15000");
+    press("processBtn");
+    int told = 0;
+    prompt::setResponder([&told](QDialog&) { return ++told, int(QDialog::Accepted); });
+    largeLeft = 0; // the frequencies come first
+    press("freqGrBtn");
+    QVERIFY(largeLeft < 0);
+    largeLeft = -1;
+    QCOMPARE(told, 1);
+    QVERIFY(m_window->findChildren<PhaseForm*>().isEmpty());
+    QCOMPARE(m_table->freqCount, 0);
 }
 
 void TableResilienceTest::oddRecords_data()

@@ -19,6 +19,7 @@ private slots:
     void liveTailIsRead();
     void foldedTailIsTheSameSeries();
     void tableOfDifferentLengths();
+    void liveKernels();
 
 private:
     Record m_record;
@@ -134,6 +135,30 @@ void StabilityTest::tableOfDifferentLengths()
     QCOMPARE(stabilityHeads(tau).mid(2), QStringList({"1", "2", "5"}));
     QCOMPARE(stabilityCells(columns[0], tau), QStringList({"1", "short", "3.0000e-12", "---", "---"}));
     QCOMPARE(stabilityCells(columns[1], tau), QStringList({"2", "long", "---", "4.0000e-12", "5.0000e-12"}));
+}
+
+/// One that is offered takes every new sample in: block after block it gives the value of the whole series.
+void StabilityTest::liveKernels()
+{
+    PhaseSeries series = phaseSeries(m_record);
+    int offered = 0;
+    for (int number = 0; number < statisticCount; ++number) {
+        for (const bool overlap : {false, true}) {
+            const LiveKernel kernel = liveKernel(statisticOfVarType(number), overlap);
+            if (!kernel)
+                continue;
+            ++offered;
+            varInf running;
+            running.Reserve(1);
+            for (const long behind : {100L, 555L, 1001L}) {
+                const long first = alan_scdo_Upd_firstSample(5, running, 0);
+                kernel(behind - first, 5, series.x.data() + first, running, 0);
+            }
+            const TauKernel whole = stabilityKernel(statisticOfVarType(number), overlap).perTau;
+            NEAR(running.value[0], whole(1001, 5, series.x.data(), series.t.data(), 1.0), 1e-9);
+        }
+    }
+    QCOMPARE(offered, 1);
 }
 
 QTEST_APPLESS_MAIN(StabilityTest)

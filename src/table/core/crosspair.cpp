@@ -75,6 +75,18 @@ double farthestApart(const Record& record)
     return std::nextafter(record.Kdec * 0.5, -std::numeric_limits<double>::infinity());
 }
 
+/// Whether the samples are paired by their order.
+bool byOrder(CrossMoments moments, const Record& a, const Record& b)
+{
+    return moments == CrossMoments::Simultaneous && a.start == b.start && a.t.count > 0 && b.t.count > 0;
+}
+
+/// As many samples of each as both have.
+Span leading(const Record& a, const Record& b)
+{
+    return {0, std::min(a.t.count, b.t.count) - 1};
+}
+
 QDateTime moment(const Record& record, double t)
 {
     const double later = t - startTime(record);
@@ -83,9 +95,8 @@ QDateTime moment(const Record& record, double t)
 
 /// Calls triple(t, x) with the samples that stand at the same time, times on the scale of the first record.
 template <class Triple>
-void forEachTriple(const Record* const (&records)[3], const Span (&spans)[3], Triple triple)
+void forEachTriple(const Record* const (&records)[3], const Span (&spans)[3], double farthest, Triple triple)
 {
-    const double farthest = farthestApart(*records[0]);
     const double shift[3] = {0.0, timeShift(*records[0], *records[1]), timeShift(*records[0], *records[2])};
     SampleWalk walk[3] = {
         {*records[0], spans[0].first}, {*records[1], spans[1].first}, {*records[2], spans[2].first}};
@@ -223,16 +234,19 @@ CommonSigns commonSigns(const Record& a, const Record& b)
     return {};
 }
 
-CrossStatus crossSpans(Record& a, Record& b, Span& inA, Span& inB)
+CrossStatus crossSpans(Record& a, Record& b, Span& inA, Span& inB, CrossMoments moments)
 {
     if (signalCase(a, b) == SignalCase::Unfit)
         return CrossStatus::OtherSignals;
-    if (compareRecords2(&a, &b, inA.first, inA.last, inB.first, inB.last) != 1)
+    if (byOrder(moments, a, b))
+        inA = inB = leading(a, b);
+    else if (compareRecords2(&a, &b, inA.first, inA.last, inB.first, inB.last) != 1)
         return CrossStatus::NoCommonTime;
     return a.Kdec == b.Kdec ? CrossStatus::Ok : CrossStatus::OtherIntervals;
 }
 
-CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, CrossSeries& out)
+CrossStatus alignSpans(
+    const Record& a, const Record& b, Span inA, Span inB, CrossSeries& out, CrossMoments moments)
 {
     out = CrossSeries();
     const CommonSigns signs = commonSigns(a, b);
@@ -242,8 +256,10 @@ CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, Cro
         preferLargePages(array->data(), size_t(fewer) * sizeof(double));
     }
     const double shift = timeShift(a, b);
+    const bool ordered = byOrder(moments, a, b);
+    const double farthest = ordered ? std::numeric_limits<double>::infinity() : farthestApart(a);
     double origin = 0.0, last = 0.0; // on the scale of a
-    forEachRun(a, b, inA, inB, farthestApart(a),
+    forEachRun(a, b, inA, inB, farthest,
         [&](const double* ta, const double* xa, const double* tb, const double* xb, int n) {
             if (out.x.empty())
                 origin = *ta;
@@ -252,7 +268,10 @@ CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, Cro
             append(out.x, xa, n, [sign = signs.first](double x) { return sign * x; });
             append(out.y, xb, n, [sign = signs.second](double x) { return sign * x; });
             append(out.u, ta, n, later);
-            append(out.v, tb, n, [=](double t) { return shift + t - origin; });
+            if (ordered)
+                append(out.v, ta, n, later);
+            else
+                append(out.v, tb, n, [=](double t) { return shift + t - origin; });
             return true;
         });
     out.d.resize(out.x.size());
@@ -269,12 +288,12 @@ CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, Cro
     return CrossStatus::Ok;
 }
 
-CrossStatus crossSeries(Record& a, Record& b, CrossSeries& out)
+CrossStatus crossSeries(Record& a, Record& b, CrossSeries& out, CrossMoments moments)
 {
     out = CrossSeries();
     Span inA{}, inB{};
-    const CrossStatus status = crossSpans(a, b, inA, inB);
-    return status == CrossStatus::Ok ? alignSpans(a, b, inA, inB, out) : status;
+    const CrossStatus status = crossSpans(a, b, inA, inB, moments);
+    return status == CrossStatus::Ok ? alignSpans(a, b, inA, inB, out, moments) : status;
 }
 
 QVector<CrossRow> crossRows(const Record& a, const Record& b)
@@ -316,13 +335,16 @@ std::vector<std::vector<double>> crossStability(CrossKernel kernel, CrossSeries&
     return valuesOf(kernel, rows, series.size(), scale, progress);
 }
 
-CrossStatus hatSeries(Record& a, Record& b, Record& c, HatSeries& out)
+CrossStatus hatSeries(Record& a, Record& b, Record& c, HatSeries& out, CrossMoments moments)
 {
     out = HatSeries();
     if (!areThreeClocks(a, b, c))
         return CrossStatus::NotThreeClocks;
     Span spans[3];
-    if (!commonSpans({&a, &b, &c}, spans))
+    const bool ordered = byOrder(moments, a, b) && byOrder(moments, a, c);
+    if (ordered)
+        spans[0] = spans[1] = spans[2] = overlap(leading(a, b), {0, c.t.count - 1});
+    else if (!commonSpans({&a, &b, &c}, spans))
         return CrossStatus::NoCommonTime;
     if (!(a.Kdec == b.Kdec && a.Kdec == c.Kdec))
         return CrossStatus::OtherIntervals;
@@ -335,13 +357,14 @@ CrossStatus hatSeries(Record& a, Record& b, Record& c, HatSeries& out)
         out.t[i].reserve(size_t(fewest));
     }
     double origin = 0.0, last = 0.0; // on the scale of a
-    forEachTriple({&a, &b, &c}, spans, [&](const double(&t)[3], const double(&x)[3]) {
+    const double farthest = ordered ? std::numeric_limits<double>::infinity() : farthestApart(a);
+    forEachTriple({&a, &b, &c}, spans, farthest, [&](const double(&t)[3], const double(&x)[3]) {
         if (out.x[0].empty())
             origin = t[0];
         last = t[0];
         for (int i = 0; i < 3; ++i) {
             out.x[i].push_back(sign[i] * x[i]);
-            out.t[i].push_back(t[i] - origin);
+            out.t[i].push_back((ordered ? t[0] : t[i]) - origin);
         }
     });
     if (out.x[0].empty()) {

@@ -61,15 +61,25 @@ struct CrossSeries {
     long size() const { return long(x.size()); }
 };
 
-/// The span of each record that both cover. The checks are made in the order signals, time, interval.
-CrossStatus crossSpans(Record& a, Record& b, Span& inA, Span& inB);
+/// How samples of two records find each other.
+enum class CrossMoments {
+    ByTimeMarks, ///< those less than half an interval apart
+    /// Where the records start at the same date and time their first samples coincide, and every further one
+    /// of one record with that of the other, whatever the time marks say; other records as ByTimeMarks.
+    Simultaneous,
+};
 
-/// The common samples of two spans: those less than half an interval apart; live tails stay out. Ok or
-/// NoPairs.
-CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, CrossSeries& out);
+/// The span of each record that both cover. The checks are made in the order signals, time, interval.
+CrossStatus crossSpans(
+    Record& a, Record& b, Span& inA, Span& inB, CrossMoments moments = CrossMoments::ByTimeMarks);
+
+/// The common samples of two spans; live tails stay out. Ok or NoPairs.
+CrossStatus alignSpans(const Record& a, const Record& b, Span inA, Span inB, CrossSeries& out,
+    CrossMoments moments = CrossMoments::ByTimeMarks);
 
 /// Both in one call; after a refusal `out` is empty. `a` and `b` may be one record.
-CrossStatus crossSeries(Record& a, Record& b, CrossSeries& out);
+CrossStatus crossSeries(
+    Record& a, Record& b, CrossSeries& out, CrossMoments moments = CrossMoments::ByTimeMarks);
 
 /// One result of cross processing: the channels that go into it, as "1, 2", and its name.
 struct CrossRow {
@@ -108,7 +118,8 @@ struct HatSeries {
 constexpr int hatPairs[3][2] = {{0, 1}, {0, 2}, {1, 2}};
 
 /// As crossSeries(): a sample of each record is taken when all three stand less than half an interval apart.
-CrossStatus hatSeries(Record& a, Record& b, Record& c, HatSeries& out);
+CrossStatus hatSeries(
+    Record& a, Record& b, Record& c, HatSeries& out, CrossMoments moments = CrossMoments::ByTimeMarks);
 
 /// One row a clock, named by it, with the channels of the two records that contain it; none for records that
 /// are not those of three clocks.

@@ -37,6 +37,11 @@ StabilityKernel stabilityKernel(Statistic statistic, bool overlap)
     return kernel;
 }
 
+LiveKernel liveKernel(Statistic statistic, bool overlap)
+{
+    return statistic == Statistic::Adev && !overlap ? alan_scdo_Upd : nullptr;
+}
+
 namespace {
 
 void addPerTau(TauKernel kernel, PhaseSeries& series, const TauScale& scale, const StabilityOptions& options,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "stats/incremental.h"
 #include "stats/statistic.h"
 #include "table/core/phaseseries.h"
 #include "table/core/tauscale.h"
@@ -22,6 +23,14 @@ struct StabilityKernel {
 /// With `overlap` the overlapping form where there is one: SDEV, ADEV and HDEV. MDEV and TDEV overlap by
 /// nature.
 StabilityKernel stabilityKernel(Statistic statistic, bool overlap);
+
+/// Folds a block of new samples into the state of one averaging time: n, averaging factor, x, state, number
+/// of the averaging time.
+using LiveKernel = double (*)(long, long, double*, varInf&, int);
+
+/// The kernel that keeps a statistic of a live record up to date; null for one that only a new processing
+/// brings up to date. SDEV is such a one: sco_Upd stands still from its second block on.
+LiveKernel liveKernel(Statistic statistic, bool overlap);
 
 /// What goes into each averaging time, and how the work reports.
 struct StabilityOptions {
