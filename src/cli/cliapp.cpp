@@ -5,6 +5,8 @@
 #include "cli/clicompute.h"
 #include "cli/cligraph.h"
 #include "cli/clirecord.h"
+#include "cli/clirecording.h"
+#include "cli/clisave.h"
 #include "cli/clitable.h"
 #include "stats/firfilter.h"
 
@@ -80,10 +82,16 @@ CliOutcome runCommand(const CliOptions& options)
     CliOutcome outcome;
     QStringList notes;
     try {
+        if (options.recording.list) {
+            outcome.out = recordingList(options, notes);
+            outcome.err = lines(notes);
+            return outcome;
+        }
         if (options.needsSpectrum())
             prepareSpectra(options, notes);
-        const CliWork work = computeAll(options, notes);
+        CliWork work = computeAll(options, notes);
         const QByteArray table = tableText(work.results, options);
+        writeSaves(work, options, notes);
         if (!options.outputFolder.isEmpty())
             writeFolder(work, options, table, notes);
         outcome.out = table;

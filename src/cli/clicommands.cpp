@@ -114,11 +114,11 @@ SignalPair readPair(const QString& text)
     return pair;
 }
 
-void readSignals(const QCommandLineParser& parser, CliOptions& options, int records)
+void readSignals(const QCommandLineParser& parser, CliOptions& options)
 {
     const std::optional<QString> text = valueOf(parser, "signals");
     if (!text) {
-        if (options.pairing == Pairing::ThreeCorner)
+        if (options.pairing == Pairing::ThreeCorner && !options.isRecording())
             throw Misuse{QStringLiteral(
                 "--three-corner needs --signals, as \"A-B,A-C\": text files do not tell the signals")};
         return;
@@ -127,10 +127,14 @@ void readSignals(const QCommandLineParser& parser, CliOptions& options, int reco
         throw Misuse{QStringLiteral("--signals needs --diff, --merge, --cross or --three-corner")};
     for (const QString& pair : text->split(QLatin1Char(',')))
         options.signalPairs << readPair(pair);
-    if (options.signalPairs.size() != records)
-        throw Misuse{QStringLiteral("--signals: %1 pairs for %2 records")
-                         .arg(options.signalPairs.size())
-                         .arg(records)};
+}
+
+/// Cross processing makes no record, and shows the others as they were read.
+void checkSaving(const CliOptions& options)
+{
+    if (options.isCross() && !(options.saveRecording.isEmpty() && options.saveAscii.isEmpty()))
+        throw Misuse{QStringLiteral("--save-recording and --save-ascii do not go with --cross and "
+                                    "--three-corner, which make no record")};
 }
 
 void readContent(const QCommandLineParser& parser, CliOptions& options)
@@ -221,22 +225,6 @@ int recordCount(const CliOptions& options)
     return count;
 }
 
-void checkRecords(const CliOptions& options, int records)
-{
-    if (options.pairing == Pairing::None || records == 2)
-        return;
-    if (options.pairing == Pairing::ThreeCorner && records == 3)
-        return;
-    for (const PairingName& known : pairings) {
-        if (known.pairing == options.pairing)
-            throw Misuse{
-                QStringLiteral("--%1 takes two%2 records, files or value columns: here are %3")
-                    .arg(QString::fromLatin1(known.option),
-                        QString::fromLatin1(known.pairing == Pairing::ThreeCorner ? " or three" : ""),
-                        QString::number(records))};
-    }
-}
-
 } // namespace
 
 void addCommands(QCommandLineParser& parser)
@@ -282,6 +270,27 @@ void addCommands(QCommandLineParser& parser)
     });
 }
 
+QString recordsFault(const CliOptions& options, int records)
+{
+    const bool fits = options.pairing == Pairing::None || records == 2
+        || (options.pairing == Pairing::ThreeCorner && records == 3);
+    for (const PairingName& known : pairings) {
+        if (!fits && known.pairing == options.pairing)
+            return QStringLiteral("--%1 takes two%2 records, %3: here are %4")
+                .arg(QString::fromLatin1(known.option),
+                    QString::fromLatin1(known.pairing == Pairing::ThreeCorner ? " or three" : ""),
+                    QString::fromLatin1(
+                        options.isRecording() ? "stretches of recording" : "files or value columns"),
+                    QString::number(records));
+    }
+    const int pairs = options.signalPairs.size();
+    if (pairs != 0 && pairs != records)
+        return QStringLiteral("--signals: %1 pairs for %2 records").arg(pairs).arg(records);
+    if (!options.saveAscii.isEmpty() && options.pairing == Pairing::None && records != 1)
+        return QStringLiteral("--save-ascii takes one record: here are %1").arg(records);
+    return {};
+}
+
 void readCommands(const QCommandLineParser& parser, CliOptions& options)
 {
     readLimits(parser, options);
@@ -291,11 +300,12 @@ void readCommands(const QCommandLineParser& parser, CliOptions& options)
     readGraphs(parser, options);
     checkContent(parser, options);
     checkStatistics(parser, options);
-    if (options.pairing == Pairing::None) {
-        readSignals(parser, options, 0);
+    checkSaving(options);
+    readSignals(parser, options);
+    // How many stretches a recording has is told by its files.
+    if (options.isRecording() || (options.pairing == Pairing::None && options.saveAscii.isEmpty()))
         return;
-    }
-    const int records = recordCount(options);
-    checkRecords(options, records);
-    readSignals(parser, options, records);
+    const QString fault = recordsFault(options, recordCount(options));
+    if (!fault.isEmpty())
+        throw Misuse{fault};
 }

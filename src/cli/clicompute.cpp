@@ -2,6 +2,7 @@
 
 #include "cli/clicross.h"
 #include "cli/cliderive.h"
+#include "cli/clirecording.h"
 #include "table/core/frequencyseries.h"
 #include "table/core/minmax.h"
 #include "table/core/phaseseries.h"
@@ -78,7 +79,8 @@ void nameSignals(std::vector<std::unique_ptr<LoadedRecord>>& records, const CliO
 {
     for (size_t i = 0; i < records.size(); ++i) {
         Record& record = records[i]->record;
-        record.ch = qint32(i) + 1;
+        if (!options.isRecording())
+            record.ch = qint32(i) + 1;
         if (options.signalPairs.isEmpty())
             continue;
         const SignalPair& pair = options.signalPairs[int(i)];
@@ -95,14 +97,16 @@ CliWork computeAll(const CliOptions& options, QStringList& notes)
 {
     CliWork work;
     std::vector<std::unique_ptr<LoadedRecord>> records;
-    for (int file = 0; file < options.files.size(); ++file) {
-        loadFile(file, options, notes, [&](std::unique_ptr<LoadedRecord> loaded) {
-            if (options.pairing == Pairing::None)
-                computeRecord(*loaded, options, work, notes);
-            else
-                records.push_back(std::move(loaded));
-        });
-    }
+    const auto take = [&](std::unique_ptr<LoadedRecord> loaded) {
+        if (options.pairing == Pairing::None)
+            computeRecord(*loaded, options, work, notes);
+        else
+            records.push_back(std::move(loaded));
+    };
+    if (options.isRecording())
+        loadRecordings(options, notes, take);
+    for (int file = 0; file < options.files.size(); ++file)
+        loadFile(file, options, notes, take);
     if (options.pairing == Pairing::None)
         return work;
     nameSignals(records, options);
@@ -110,6 +114,8 @@ CliWork computeAll(const CliOptions& options, QStringList& notes)
         addCrossResults(std::move(records), options, work, notes);
     } else {
         const std::unique_ptr<LoadedRecord> derived = derivedRecord(std::move(records), options, notes);
+        if (!options.saveRecording.isEmpty())
+            derived->asRead = copyOf(derived->record);
         computeRecord(*derived, options, work, notes);
     }
     return work;
@@ -124,6 +130,10 @@ void computeRecord(LoadedRecord& loaded, const CliOptions& options, CliWork& wor
     addSeriesCurves(loaded, options, work, notes);
     if (options.content == Content::MinMax)
         computeMinMax(loaded, notes);
+    if (loaded.asRead)
+        work.asRead.push_back(std::move(loaded.asRead));
+    if (!options.saveAscii.isEmpty())
+        work.processed = copyOf(loaded.record);
     deleteRecord(&loaded.record); // the series is all that is needed now
     if (options.needsStability())
         computeStability(series, loaded.result, options);

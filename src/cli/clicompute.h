@@ -9,6 +9,9 @@
 #include <QStringList>
 #include <QVector>
 
+#include <memory>
+#include <vector>
+
 struct PhaseSpectrum;
 
 /// All that a run computes: what the table tells, and the curves that only graphs show.
@@ -17,6 +20,8 @@ struct CliWork {
     QVector<SpectrumCurve> spectra; ///< of the phase
     QVector<SeriesCurve> phases; ///< t in seconds from the start of each, as for the frequencies
     QVector<SeriesCurve> frequencies;
+    std::vector<std::unique_ptr<Record>> asRead; ///< to be saved in the recording format
+    std::unique_ptr<Record> processed; ///< to be saved as text
     double freqInterval = 0.0; ///< s, over which the first of the frequencies were taken
 };
 

@@ -95,7 +95,7 @@ void addOfTwo(Records& records, const CliOptions& options, CliWork& work, QStrin
     Record& b = records[1]->record;
     if (options.pairing == Pairing::ThreeCorner && signalCase(a, b) != SignalCase::Three)
         refuse(CrossStatus::NotThreeClocks);
-    if (options.signalPairs.isEmpty())
+    if (options.signalPairs.isEmpty() && !options.isRecording())
         notes << QStringLiteral("the records are taken for two of the same signals; --signals names others");
     CrossSeries series;
     const CrossStatus status = crossSeries(a, b, series);

@@ -1,6 +1,7 @@
 #include "cli/clioptions.h"
 
 #include "cli/clicommands.h"
+#include "cli/clirecordingoptions.h"
 #include "cli/clivalues.h"
 #include "load/core/formattemplate.h"
 
@@ -21,6 +22,9 @@ Examples:
   kronalys-cli --diff maser.txt clock.txt
   kronalys-cli --cross --signals "A-B,A-C" ab.txt ac.txt
   kronalys-cli --limit-y 1e-9 --spectrum --csv clock.txt
+  kronalys-cli --recording data --list
+  kronalys-cli --recording data --from 2024-03-01 --to 2024-03-07 --channel 3 --stat mdev
+  kronalys-cli --recording data --channel 3 --kdec 10 --save-ascii clock.txt
   kronalys-cli --out result --graph phase,freq,stability --freq-interval 100 clock.txt
 
 Exit status: 0 done, 1 the data cannot be read or processed, 2 the command line is wrong.
@@ -43,11 +47,12 @@ constexpr StatisticName statisticNames[] = {
 
 void addOptions(QCommandLineParser& parser)
 {
-    parser.setApplicationDescription(
-        QStringLiteral("Stability of clocks and oscillators from text files of phase or frequency."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Stability of clocks and oscillators from text files of phase or frequency, and from recordings of "
+        "phase comparators."));
     parser.addPositionalArgument(QStringLiteral("FILE"),
         QStringLiteral("Text file with one sample a line; lines that start with # do not count."),
-        QStringLiteral("FILE..."));
+        QStringLiteral("FILE... | --recording DIR"));
     parser.addOptions({
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Shows this help.")},
         {{QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Shows the version.")},
@@ -78,7 +83,8 @@ void addOptions(QCommandLineParser& parser)
             QStringLiteral("Only the newest N * tau samples go into one tau; 0 for all. Default: 1000000."),
             QStringLiteral("N")},
         {QStringLiteral("skip-bad-lines"),
-            QStringLiteral("Reports lines that do not fit, and goes on without them.")},
+            QStringLiteral("Reports lines that do not fit, and data missing from recordings, and goes on "
+                           "without them.")},
         {QStringLiteral("csv"), QStringLiteral("Comma separated table.")},
         {QStringLiteral("json"), QStringLiteral("JSON with one object for each file.")},
         {QStringLiteral("out"), QStringLiteral("Writes the table and its graphs to this folder too."),
@@ -217,8 +223,9 @@ void readOutput(const QCommandLineParser& parser, CliOptions& options)
 CliOptions readOptions(const QCommandLineParser& parser, qint32 perSecond)
 {
     CliOptions options;
+    readRecordingOptions(parser, options);
     options.files = parser.positionalArguments();
-    if (options.files.isEmpty())
+    if (options.files.isEmpty() && !options.isRecording())
         throw Misuse{QStringLiteral("no file given")};
     if (options.files.contains(QString()))
         throw Misuse{QStringLiteral("an empty file name")};
@@ -245,6 +252,7 @@ CliCommand readCommandLine(const QStringList& arguments, qint32 perSecond)
     QCommandLineParser parser;
     addOptions(parser);
     addCommands(parser);
+    addRecordingOptions(parser);
     CliCommand command;
     if (!parser.parse(arguments)) {
         command.text = parser.errorText();

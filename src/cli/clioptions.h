@@ -33,9 +33,23 @@ struct SignalPair {
     QString reference;
 };
 
+/// What is read from a recording directory, in place of files.
+struct RecordingChoice {
+    QString directory; ///< empty for none
+    /// Both inclusive; invalid for the first and the last day that the directory holds.
+    QDateTime from;
+    QDateTime to;
+    QVector<int> channels; ///< from 1, without repetition; empty for all
+    int kdec = 1; ///< every so manieth sample is taken
+    bool list = false; ///< only to list what is there
+};
+
 /// What the command line asks for.
 struct CliOptions {
     QStringList files;
+    RecordingChoice recording;
+    QString saveRecording; ///< folder for the records as read, in the recording format; empty for none
+    QString saveAscii; ///< text file for the record as processed; empty for none
     /// Format template; empty to take the one that suits the first lines of each file.
     QString format;
     double interval = 1.0; ///< s between samples
@@ -62,6 +76,7 @@ struct CliOptions {
     QVector<Graph> graphs; ///< to be drawn, without repetition; none without an output folder
     double freqInterval = 1.0; ///< s, of the graph of the frequency, see frequencyInterval
 
+    bool isRecording() const { return !recording.directory.isEmpty(); }
     bool isCross() const { return pairing == Pairing::Cross || pairing == Pairing::ThreeCorner; }
     bool needsStability() const { return content == Content::Stability || graphs.contains(Graph::Stability); }
     bool needsSpectrum() const { return content == Content::Spectrum || graphs.contains(Graph::Spectrum); }

@@ -131,6 +131,20 @@ std::unique_ptr<LoadedRecord> recordOf(
 
 } // namespace
 
+std::unique_ptr<Record> copyOf(Record& record)
+{
+    auto copy = std::make_unique<Record>();
+    shareRecord(&record, copy.get());
+    return copy;
+}
+
+void prepareRecord(LoadedRecord& loaded, const CliOptions& options, QStringList& notes)
+{
+    if (!options.saveRecording.isEmpty() && options.pairing == Pairing::None)
+        loaded.asRead = copyOf(loaded.record);
+    replaceOutliers(loaded, options, notes);
+}
+
 QString templateOf(const QString& file, const CliOptions& options)
 {
     return options.format.isEmpty() ? templateFor(guessFile(file, QDateTime()).kind) : options.format;
@@ -152,7 +166,7 @@ void loadFile(int index, const CliOptions& options, QStringList& notes,
         const QString name =
             names.size() > 1 ? QStringLiteral("%1[%2]").arg(fileName, names[column]) : fileName;
         std::unique_ptr<LoadedRecord> loaded = recordOf(file, column, name, request.format);
-        replaceOutliers(*loaded, options, notes);
+        prepareRecord(*loaded, options, notes);
         take(std::move(loaded));
     }
 }

@@ -24,10 +24,17 @@ public:
 struct LoadedRecord {
     CliResult result;
     Record record;
+    std::unique_ptr<Record> asRead; ///< before anything was done to it, when it is to be saved
 };
 
 /// The template of a file: that of `options`, else the one that suits its first lines.
 QString templateOf(const QString& file, const CliOptions& options);
+
+/// A record of its own with the same samples.
+std::unique_ptr<Record> copyOf(Record& record);
+
+/// Keeps what is to be saved as it was read, and replaces outliers as `options` ask, which `notes` tell.
+void prepareRecord(LoadedRecord& loaded, const CliOptions& options, QStringList& notes);
 
 /// Reads file number `index` and hands over one record for each value column of the template, outliers
 /// replaced as `options` ask. `notes` get the lines left out by --skip-bad-lines, the number of samples

@@ -27,7 +27,8 @@ struct CliSeries {
 /// Where the samples of a result came from.
 struct CliSource {
     QString file; ///< with the column in brackets when the file has several
-    QString format;
+    QString format; ///< of a text file
+    int channel = 0; ///< of a recording; 0 for a text file
     SignalPair signalPair; ///< empty names when not told
     qint64 samples = 0;
     qint64 replaced = 0; ///< by the outlier limits

@@ -24,8 +24,13 @@ void addSource(QJsonObject& object, const CliSource& source, const CliOptions& o
     QJsonArray badLines;
     for (const qint64 line : source.badLines)
         badLines.append(line);
-    object.insert(QStringLiteral("format"), source.format);
-    object.insert(QStringLiteral("badLines"), badLines);
+    if (source.channel > 0) {
+        object.insert(QStringLiteral("channel"), source.channel);
+        object.insert(QStringLiteral("kdec"), options.recording.kdec);
+    } else {
+        object.insert(QStringLiteral("format"), source.format);
+        object.insert(QStringLiteral("badLines"), badLines);
+    }
     if (anyLimit(options))
         object.insert(QStringLiteral("replaced"), source.replaced);
 }
@@ -85,13 +90,17 @@ QJsonObject parameters(const CliResult& result, const CliOptions& options)
         {QStringLiteral("start"), result.start.toString(dateTimePattern)},
         {QStringLiteral("stop"), result.stop.toString(dateTimePattern)},
         {QStringLiteral("interval"), result.interval},
-        {QStringLiteral("multiplier"), options.multiplier},
-        {QStringLiteral("frequency"), options.frequency},
         {QStringLiteral("overlap"), options.overlap},
         {QStringLiteral("removeDrift"), options.removeDrift},
         {QStringLiteral("pointsPerTau"), options.perSecond},
         {QStringLiteral("samples"), result.samples},
     };
+    if (options.isRecording()) {
+        object.insert(QStringLiteral("recording"), options.recording.directory);
+    } else {
+        object.insert(QStringLiteral("multiplier"), options.multiplier);
+        object.insert(QStringLiteral("frequency"), options.frequency);
+    }
     addLimits(object, options);
     if (options.content == Content::Spectrum)
         object.insert(QStringLiteral("carrier"), options.carrier);

@@ -36,6 +36,14 @@ inline CliRun runCli(const QStringList& arguments, const QString& folder = QStri
     return run;
 }
 
+/// Empty when the run ended with this status, told this, and put nothing out.
+inline QByteArray refusalFault(const CliRun& run, int status, const QByteArray& told)
+{
+    if (run.status == status && run.err.contains(told) && run.out.isEmpty())
+        return {};
+    return QByteArray::number(run.status) + ", told: " + run.err + "put out: " + run.out;
+}
+
 /// Columns of a CSV table by head and averaging factor; empty cells are left out.
 inline QMap<QByteArray, QMap<long, double>> csvColumns(const QByteArray& text)
 {
