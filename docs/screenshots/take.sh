@@ -9,5 +9,5 @@ cmake -S . -B "$tree" -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
 cmake --build "$tree" --target takescreenshots
 # Pictures that are no longer taken shall not stay.
 rm -f docs/screenshots/ru/*.png docs/screenshots/en/*.png
-QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC "$tree/tests/takescreenshots" docs/screenshots 2>"$tree/takescreenshots.log" ||
+QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC "$tree/bin/takescreenshots" docs/screenshots 2>"$tree/takescreenshots.log" ||
     { cat "$tree/takescreenshots.log" >&2; exit 1; }

@@ -9,6 +9,7 @@
 
 #include <QCommandLineParser>
 #include <QFile>
+#include <QFileInfo>
 #include <QIcon>
 #include <QLocale>
 #include <QTextCodec>
@@ -27,7 +28,7 @@ void describe(QCommandLineParser& parser)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.setApplicationDescription(QStringLiteral("Workstation for time and frequency metrology."));
     parser.addPositionalArgument(
-        QStringLiteral("file"), QStringLiteral("Measurement file to open."), QStringLiteral("[file]"));
+        QStringLiteral("file"), QStringLiteral("Measurement files to open."), QStringLiteral("[file...]"));
     // Not Qt's ready-made options, which answer only when a window could be opened.
     parser.addOption(
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Describe the arguments and exit.")});
@@ -68,7 +69,7 @@ void setTextCodec()
 void readUpdateFlag()
 {
     QFile flag(paths::config() + QLatin1String("/update"));
-    if (flag.open(QIODevice::ReadOnly) && flag.readAll().contains("false"))
+    if (QFileInfo(flag).isFile() && flag.open(QIODevice::ReadOnly) && flag.readAll().contains("false"))
         updateTheProgram = false;
     DebugLOG(updateTheProgram ? "true" : "false");
 }
@@ -89,11 +90,9 @@ int main(int argumentCount, char** arguments)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/Icon.ico")));
     QCommandLineParser parser;
     describe(parser);
-    const bool understood = parser.parse(QCoreApplication::arguments());
-    if (!understood || parser.positionalArguments().size() > 1) {
-        const QString reason =
-            understood ? QStringLiteral("More than one file was given.") : parser.errorText();
-        std::fprintf(stderr, "%s\n\n%s", reason.toUtf8().constData(), parser.helpText().toUtf8().constData());
+    if (!parser.parse(QCoreApplication::arguments())) {
+        std::fprintf(stderr, "%s\n\n%s", parser.errorText().toUtf8().constData(),
+            parser.helpText().toUtf8().constData());
         return usageError;
     }
     paths::makeAll();

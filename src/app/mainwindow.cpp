@@ -1,12 +1,15 @@
 #include "app/mainwindow.h"
 
 #include "app/interfacelanguage.h"
+#include "app/windowlayout.h"
 #include "base/debuglog.h"
 #include "base/globals.h"
 #include "base/language.h"
 #include "base/paths.h"
-#include "load/core/winprop.h"
+#include "help/helpform.h"
 #include "load/openfileglobform.h"
+#include "load/properties.h"
+#include "load/saverecform.h"
 #include "prompt/prompt.h"
 #include "table/selrectable.h"
 #include "ui_mainwindow.h"
@@ -29,11 +32,19 @@ namespace {
 constexpr int logCheckPeriod = 3600000; // ms
 constexpr int refusalShown = 5000; // ms
 
+bool isNumber(const QString& text)
+{
+    bool number = false;
+    text.toUInt(&number);
+    return number;
+}
+
 } // namespace
 
 MainWindow::MainWindow(int argumentCount, char** arguments, QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui_MainWindow>())
+    , m_layout(std::make_unique<WindowLayout>())
 {
     DebugLOG("Kronalys was started");
     composeTexts();
@@ -44,7 +55,8 @@ MainWindow::MainWindow(int argumentCount, char** arguments, QWidget* parent)
     // A graph opens over a maximised table, not in its place.
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     setCentralWidget(m_area);
-    setWindowState(windowState() | Qt::WindowMaximized);
+    if (!m_layout->restore(this))
+        setWindowState(windowState() | Qt::WindowMaximized);
     m_hint = new QLabel(this);
     statusBar()->addWidget(m_hint);
 
@@ -55,8 +67,12 @@ MainWindow::MainWindow(int argumentCount, char** arguments, QWidget* parent)
     connect(m_logTimer, &QTimer::timeout, this, &MainWindow::chkLog);
     chkLog();
     m_logTimer->start(logCheckPeriod);
+    lastUsedDevID = m_properties->settings.lastUsedDevID;
+    readRecentRecs();
+    QTimer::singleShot(0, this, &MainWindow::checkHelp); // when the window stands: it may have to tell
+    SetProps();
     updateHint();
-    openArgument(argumentCount, arguments);
+    openArguments(argumentCount, arguments);
 }
 
 MainWindow::~MainWindow() = default;
@@ -73,31 +89,78 @@ void MainWindow::composeTexts()
 
 void MainWindow::makeForms()
 {
+    m_properties = new Properties(this);
     m_table = new SelRecTable;
+    m_table->setProp(&m_properties->settings.lastUsedRecID, &m_properties->settings.openSavePath);
     m_tableFrame = m_area->addSubWindow(m_table);
-    m_tableFrame->setAttribute(Qt::WA_DeleteOnClose, false);
     m_tableFrame->setWindowIcon(QIcon(QStringLiteral(":/bmp/bmp/tab.png")));
+    m_tableFrame->setAttribute(Qt::WA_DeleteOnClose, false);
     m_tableFrame->installEventFilter(this);
-    m_loading = new OpenFileGlobForm(this);
-    m_loading->setProp(&winProp);
+    m_save = new saverecform(this);
+    m_save->setProp(&m_properties->settings.startPath);
 }
 
 void MainWindow::connectForms()
 {
-    connect(m_table, &SelRecTable::GiveMeRec, m_loading, &OpenFileGlobForm::myshow);
-    connect(m_loading, &OpenFileGlobForm::RecReady, m_table, &SelRecTable::addRecord);
-    connect(m_loading, &OpenFileGlobForm::AllRecsAdded, this, &MainWindow::showTable);
+    connect(m_properties, &Properties::PropChanged, this, &MainWindow::SetProps);
+    connect(m_properties, &Properties::PropChanged, this, &MainWindow::writeRecentRecs);
+    connect(m_table, &SelRecTable::GiveMeRec, this, [this](Record* rec) { loading()->myshow(rec); });
     connect(m_table, &SelRecTable::filesDropped, this,
-        [this](const QStringList& files) { m_loading->openFile(files.first()); });
+        [this](const QStringList& files) { loading()->openFiles(files); });
+    connect(this, &MainWindow::GiveHimRec, this,
+        [this](const RecentRecs& entry) { loading()->GiveSpecRec(entry); });
+    connect(m_table, &SelRecTable::SaveRecs, this, [this](Record* rec, QDir* directory, quint8 number) {
+        loading()->SaveRecsP(rec, directory, number);
+    });
+    connect(m_table, &SelRecTable::SaveToASCII, m_save, &saverecform::Show);
+    connect(m_table, &SelRecTable::updRecords, this,
+        [this](const QString& path, const QDateTime& start, int channel, double interval) {
+            loading()->updRecords_slot(path, start, channel, interval);
+        });
+    connect(m_table, &SelRecTable::hideWindows_forUpdRec, this,
+        [this](bool hidden) { loading()->hideWindows_forUpdRec_slot(hidden); });
+    setAcceptDrops(true);
+    installEventFilter(m_table); // what is dropped beside the table is taken as on it
     connect(m_table, &SelRecTable::windowMade, this, &MainWindow::addWindow);
     connect(m_table, &SelRecTable::rowsChanged, this, &MainWindow::updateHint);
+    for (QAction* action : recentActions())
+        connect(action, &QAction::triggered, this, &MainWindow::RecRecsMenuTriggered);
+    connect(ui->RecentRecs, &QMenu::hovered, this, &MainWindow::showRecsInfo);
+}
+
+/// The loading dialog is large, so it is made when it is first asked for; the window then stands sooner.
+OpenFileGlobForm* MainWindow::loading()
+{
+    if (m_loading)
+        return m_loading;
+    m_loading = new OpenFileGlobForm(this);
+    m_loading->setProp(&m_properties->settings.winProp);
+    connect(m_loading, &OpenFileGlobForm::RecReady, m_table, &SelRecTable::addRecord);
+    connect(m_loading, &OpenFileGlobForm::RecReady, this, &MainWindow::UpdateRecentRecsMenu);
+    connect(m_loading, &OpenFileGlobForm::RecReady, this, &MainWindow::writeRecentRecs);
+    connect(m_loading, &OpenFileGlobForm::AllRecsAdded, this, &MainWindow::showTable);
+    connect(m_loading, &OpenFileGlobForm::RecSaved, m_table, &SelRecTable::recSaved);
+    m_loading->othersProgress = [this](double share) { return !m_table->stopAsked(share); };
+    connect(m_table, &SelRecTable::TableIsFull, m_loading, &OpenFileGlobForm::OnTableIsFull_RecLoadError);
+    offerRecentFiles();
+    return m_loading;
+}
+
+void MainWindow::SetProps()
+{
+    const Settings& settings = m_properties->settings;
+    if (m_loading)
+        m_loading->setProp(&m_properties->settings.winProp);
+    removeF0Vals = settings.removeF0Vals;
+    AVAR_numPT_perTau = settings.AVAR_numPT_perTau;
+    m_table->simultaneousMoments = settings.simultaneousMoments;
 }
 
 void MainWindow::connectMenus()
 {
-    // There are no remembered records to offer.
-    ui->RecentRecs->menuAction()->setVisible(false);
     connect(ui->actionAddRec, &QAction::triggered, m_table, &SelRecTable::on_addRecBtn_clicked);
+    connect(ui->Save_action, &QAction::triggered, m_table, &SelRecTable::SaveRecsToFile);
+    connect(ui->options_action, &QAction::triggered, m_properties, &Properties::show);
     connect(ui->exit_action, &QAction::triggered, this, &QWidget::close);
     connect(ui->close_figs_action, &QAction::triggered, m_table, &SelRecTable::closeAllFigs);
     connect(ui->minimize_figs_action, &QAction::triggered, m_table, &SelRecTable::minimizeAllFigs);
@@ -107,6 +170,10 @@ void MainWindow::connectMenus()
     connect(ui->tile_figs_action, &QAction::triggered, this, &MainWindow::tileGraphs);
     connect(ui->showall_action, &QAction::triggered, this, &MainWindow::showEverything);
     connect(ui->menu_3, &QMenu::aboutToShow, this, &MainWindow::listWindows);
+    connect(ui->Help, &QAction::triggered, this, [this] { showHelp(QStringLiteral("index")); });
+    // In front of every window, the loading dialog too.
+    ui->contextHelp_action->setShortcutContext(Qt::ApplicationShortcut);
+    connect(ui->contextHelp_action, &QAction::triggered, this, &MainWindow::showHelpOfWindow);
     connect(ui->About, &QAction::triggered, this, &MainWindow::showAbout);
 
     auto* languages = new QActionGroup(this);
@@ -118,17 +185,27 @@ void MainWindow::connectMenus()
     connect(ui->actionEng, &QAction::triggered, this, [] { interfaceLanguage::apply(QStringLiteral("en")); });
 }
 
-void MainWindow::openArgument(int argumentCount, char** arguments)
+void MainWindow::openArguments(int argumentCount, char** arguments)
 {
-    if (argumentCount != 2)
+    QStringList files;
+    QStringList missing;
+    for (int i = 1; i < argumentCount; ++i) {
+        const QString name = QFile::decodeName(arguments[i]);
+        if (QFileInfo(name).isFile())
+            files << QFileInfo(name).absoluteFilePath();
+        else if (argumentCount > 2
+            || !isNumber(name)) // one number alone stands for a channel, not for a file
+            missing << name;
+    }
+    if (files.isEmpty() && missing.isEmpty())
         return;
-    const QString file = QFile::decodeName(arguments[1]);
     // When the window stands: the dialog opens over it.
-    QTimer::singleShot(0, this, [this, file] {
-        if (QFileInfo(file).isFile())
-            m_loading->openFile(QFileInfo(file).absoluteFilePath());
-        else
-            prompt::message(this, QMessageBox::Critical, windowTitle(), tr("Файл не найден:\n%1").arg(file));
+    QTimer::singleShot(0, this, [this, files, missing] {
+        if (!files.isEmpty())
+            loading()->openFiles(files);
+        if (!missing.isEmpty())
+            prompt::message(this, QMessageBox::Critical, windowTitle(),
+                tr("Файл не найден:\n%1").arg(missing.join(QLatin1Char('\n'))));
     });
 }
 
@@ -157,6 +234,9 @@ void MainWindow::changeEvent(QEvent* event)
         retranslateFrames();
         (language::isEnglish() ? ui->actionEng : ui->actionRuss)->setChecked(true);
         updateHint();
+        checkHelp();
+        if (m_help)
+            openHelpCollection();
     }
     QMainWindow::changeEvent(event);
 }
@@ -169,8 +249,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    if (!language::toFile(paths::config() + QLatin1String("/recfiles.xml"), Appver, App_lang))
-        DebugLOG("The configuration file could not be written");
+    keepWindows();
+    writeRecentRecs();
     DebugLOG("Closed by user");
     QMainWindow::closeEvent(event);
 }

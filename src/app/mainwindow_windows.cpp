@@ -1,5 +1,7 @@
 #include "app/mainwindow.h"
 
+#include "app/windowlayout.h"
+#include "help/helpform.h"
 #include "table/selrectable.h"
 #include "ui_mainwindow.h"
 
@@ -12,15 +14,26 @@
 
 #include <iterator>
 
+namespace {
+
+QString kindOf(const QObject& window)
+{
+    return QLatin1String(window.metaObject()->className());
+}
+
+} // namespace
+
 void MainWindow::addWindow(QWidget* window)
 {
     constexpr QSize readable(540, 440);
-    const QSize wanted = window->testAttribute(Qt::WA_Resized) ? window->size() : window->sizeHint();
+    const QSize own = window->testAttribute(Qt::WA_Resized) ? window->size() : window->sizeHint();
+    const QSize wanted = m_layout->sizeOf(kindOf(*window), own.expandedTo(readable));
     auto* frame = new QMdiSubWindow;
     frame->setAttribute(Qt::WA_DeleteOnClose);
     frame->setWidget(window);
     frame->setWindowIcon(window->windowIcon());
-    frame->resize(wanted.expandedTo(readable)); // before the area looks for a place that is large enough
+    frame->installEventFilter(this);
+    frame->resize(wanted); // before the area looks for a place that is large enough
     m_area->addSubWindow(frame);
     connect(window, &QObject::destroyed, frame, &QObject::deleteLater);
     window->show();
@@ -30,12 +43,15 @@ void MainWindow::addWindow(QWidget* window)
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_tableFrame && event->type() == QEvent::Close) {
-        // The table lives as long as the program: closing it only puts it out of sight.
+    auto* frame = event->type() == QEvent::Close ? qobject_cast<QMdiSubWindow*>(watched) : nullptr;
+    if (frame && (frame == m_tableFrame || frame == m_helpFrame)) {
+        // These live as long as the program: closing them only puts them out of sight.
         event->ignore();
-        m_tableFrame->hide();
+        frame->hide();
         return true;
     }
+    if (frame && frame->widget() && !frame->isMaximized() && !frame->isMinimized())
+        m_layout->keepSize(kindOf(*frame->widget()), frame->size());
     return QMainWindow::eventFilter(watched, event);
 }
 
@@ -45,7 +61,8 @@ void MainWindow::resizeEvent(QResizeEvent* event)
     placeTable();
 }
 
-/// As large as the table wants to be, at most the area. It follows the main window until the user moves it.
+/// Where the user left the table in the last session; else as large as it wants to be, at most the area. It
+/// follows the main window until the user moves it.
 void MainWindow::placeTable()
 {
     if (m_tableFrame->isMaximized() || m_tableFrame->isMinimized())
@@ -54,8 +71,28 @@ void MainWindow::placeTable()
         return;
     constexpr QSize comfortable(1210, 480);
     const QSize wanted = m_tableFrame->sizeHint().expandedTo(comfortable);
-    m_tableFrame->setGeometry(QRect(QPoint(0, 0), wanted.boundedTo(m_area->maximumViewportSize())));
+    const QSize area = m_area->maximumViewportSize();
+    QRect place(QPoint(0, 0), wanted.boundedTo(area));
+    const QRect left = m_layout->placeOf(kindOf(*m_table));
+    if (QRect(QPoint(0, 0), area).contains(left))
+        place = left;
+    m_tableFrame->setGeometry(place);
     m_tablePlace = m_tableFrame->geometry();
+}
+
+/// The table and the help come back where they stood, graphs as large as the last one of their kind.
+void MainWindow::keepWindows()
+{
+    m_layout->keep(this);
+    for (const QMdiSubWindow* frame : m_area->subWindowList()) {
+        QWidget* window = frame->widget();
+        if (!window || frame->isMaximized() || frame->isMinimized())
+            continue;
+        if (window == m_table || window == m_help)
+            m_layout->keepPlace(kindOf(*window), frame->geometry());
+        else
+            m_layout->keepSize(kindOf(*window), frame->size());
+    }
 }
 
 /// Puts the keyboard into the record table, wherever it was.
@@ -90,11 +127,20 @@ void MainWindow::retranslateFrames()
     }
 }
 
+/// All windows of the area but a help that was not asked for.
+QList<QMdiSubWindow*> MainWindow::windowsInUse() const
+{
+    QList<QMdiSubWindow*> frames = m_area->subWindowList();
+    if (m_helpFrame && m_helpFrame->isHidden())
+        frames.removeAll(m_helpFrame);
+    return frames;
+}
+
 /// The record table above, as wide as the area, since it needs the width; the graphs and tables side by side
 /// below.
 void MainWindow::arrangeAll()
 {
-    QList<QMdiSubWindow*> figures = m_area->subWindowList();
+    QList<QMdiSubWindow*> figures = windowsInUse();
     figures.removeAll(m_tableFrame);
     const QSize area = m_area->maximumViewportSize();
     const int above = qMax(area.height() * 2 / 5, m_tableFrame->minimumSizeHint().height());
@@ -120,7 +166,7 @@ void MainWindow::arrangeAll()
 /// edge.
 void MainWindow::tileGraphs()
 {
-    if (m_area->subWindowList().size() < 2)
+    if (windowsInUse().size() < 2)
         return;
     m_tableFrame->showMinimized();
     m_area->tileSubWindows();
@@ -135,7 +181,7 @@ void MainWindow::listWindows()
             delete old;
         }
     }
-    const QList<QMdiSubWindow*> frames = m_area->subWindowList();
+    const QList<QMdiSubWindow*> frames = windowsInUse();
     for (int i = 0; i < frames.size(); ++i) {
         QMdiSubWindow* frame = frames[i];
         QAction* choice =

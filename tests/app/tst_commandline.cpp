@@ -22,7 +22,6 @@ void TstCommandLine::answers_data()
     QTest::newRow("behind Qt's own") << QStringList{"-platform", "xcb", "-v"} << 0 << none
                                      << QByteArray("1.24");
     QTest::newRow("unknown option") << QStringList{"--nonsense"} << 2 << offscreen << QByteArray("nonsense");
-    QTest::newRow("two files") << QStringList{"a", "b"} << 2 << offscreen << QByteArray("More than one");
 }
 
 void TstCommandLine::answers()

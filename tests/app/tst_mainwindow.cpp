@@ -19,6 +19,8 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include <algorithm>
+
 namespace {
 
 /// Every text of the window that still holds a Russian letter.
@@ -147,18 +149,18 @@ void TstMainWindow::refusesToCloseWhileBusy()
 void TstMainWindow::remembersTheLanguage()
 {
     const ScopedHome home;
-    const QByteArray rest = "\n<xml><RecentRecs/></xml>\n";
+    const QByteArray rest = "<Later><kept/></Later>";
     const QString file = home.write(QStringLiteral("config/recfiles.xml"),
-        "<!--Application_ver = \"1\" Application_Lang=\"ru\"-->" + rest);
+        "<!--Application_ver = \"1\" Application_Lang=\"ru\"--><xml>" + rest + "</xml>");
     Shown shown;
     trigger(shown.window, "actionEng");
     QVERIFY(shown.window.close());
     QFile written(file);
     QVERIFY(written.open(QIODevice::ReadOnly));
     const QByteArray content = written.readAll();
-    QVERIFY(
-        content.startsWith("<!--Application_ver = \"" + Appver.toLatin1() + "\" Application_Lang=\"en\"-->"));
-    QVERIFY(content.endsWith(rest));
+    QVERIFY(content.left(200).contains(
+        "<!--Application_ver = \"" + Appver.toLatin1() + "\" Application_Lang=\"en\"-->"));
+    QVERIFY(content.contains("<kept/>")); // what a newer version keeps there
 }
 
 void TstMainWindow::tellsTheVersion()
@@ -209,9 +211,9 @@ void TstMainWindow::keepsTheTableAndDropsGraphs()
     auto* graph = new QWidget;
     emit table->windowMade(graph);
     QVERIFY(graph->isVisible());
-    QCOMPARE(area->subWindowList().size(), 2);
+    const int frames = area->subWindowList().size();
     graph->deleteLater();
-    QTRY_COMPARE(area->subWindowList().size(), 1);
+    QTRY_COMPARE(area->subWindowList().size(), frames - 1);
 }
 
 void TstMainWindow::tilesGraphsOnly()
@@ -244,7 +246,10 @@ void TstMainWindow::arrangesGraphsBelowTheTable()
         emit table->windowMade(graph);
     trigger(shown.window, "arrange_action");
     const auto* area = shown.window.findChild<QMdiArea*>();
-    const QList<QMdiSubWindow*> frames = area->subWindowList();
+    QList<QMdiSubWindow*> frames = area->subWindowList();
+    frames.erase(std::remove_if(frames.begin(), frames.end(),
+                     [](const QMdiSubWindow* frame) { return frame->isHidden(); }), // the help
+        frames.end());
     QCOMPARE(frames.size(), 4);
     for (int i = 0; i < 4; ++i) {
         QVERIFY(area->viewport()->rect().contains(frames[i]->geometry()));

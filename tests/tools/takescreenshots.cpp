@@ -4,7 +4,11 @@
 
 #include "app/interfacelanguage.h"
 #include "app/mainwindow.h"
+#include "help/helpform.h"
+#include "load/addnewformat_class.h"
 #include "load/openfileglobform.h"
+#include "load/properties.h"
+#include "load/saverecform.h"
 #include "plot/avarform.h"
 #include "plot/grafoptions.h"
 #include "plot/insplotcomment.h"
@@ -13,6 +17,7 @@
 #include "prompt/prompt.h"
 #include "record/record.h"
 #include "resources/resources.h"
+#include "samples/recording.h"
 #include "stats/firfilter.h"
 #include "support/samplerecord.h"
 #include "support/scopedhome.h"
@@ -23,14 +28,21 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateEdit>
+#include <QDialogButtonBox>
 #include <QDir>
+#include <QEventLoop>
+#include <QFile>
 #include <QFont>
+#include <QIcon>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPixmap>
 #include <QSlider>
 #include <QTableWidget>
+#include <QTime>
+#include <QTimer>
 #include <QToolButton>
 
 #include <cstdio>
@@ -39,8 +51,10 @@
 namespace {
 
 constexpr QSize mainSize(1240, 760);
-constexpr QSize arrangedSize(1150, 810); // enough for graphs below the table
+constexpr QSize arrangedSize(1060, 845); // enough for graphs below the table
 constexpr QSize graphSize(660, 500);
+constexpr int previewDelay = 500; // ms
+constexpr QSize helpSize(800, 520);
 constexpr int samplesPerDay = 8640;
 constexpr double interval = 10.0; // s, of the made-up clocks
 
@@ -94,7 +108,6 @@ public:
     explicit Photographer(const QDir& folder)
         : m_folder(folder)
     {
-        initResources();
     }
 
     void take(const QString& language);
@@ -108,6 +121,9 @@ private:
     template <typename T> T* shown() { return dynamic_cast<T*>(m_shown); }
 
     void load();
+    void loadColumns();
+    void recordings();
+    void settings();
     void addClocks();
     void process(const QVector<int>& rows);
     void seriesGraphs();
@@ -126,9 +142,14 @@ private:
 
 void Photographer::shoot(const char* name, QWidget* widget)
 {
-    // Layouts, and texts that depend on them, settle in several rounds.
+    // Layouts, and texts that depend on them, settle in several rounds; previews wait for the end of typing.
     for (int i = 0; i < 5; ++i)
         QApplication::processEvents();
+    if (widget && qobject_cast<OpenFileGlobForm*>(widget)) {
+        QEventLoop typed;
+        QTimer::singleShot(previewDelay, &typed, &QEventLoop::quit);
+        typed.exec();
+    }
     const QString file = m_folder.filePath(QStringLiteral("%1/%2.png").arg(m_language, QLatin1String(name)));
     constexpr int smallest = 0; // the compression that takes longest
     if (widget && QDir().mkpath(m_folder.filePath(m_language))
@@ -158,7 +179,88 @@ void Photographer::load()
     child<QComboBox>("file_Combo_Formats")->setCurrentText(QStringLiteral("[t] [x]"));
     child<QLineEdit>("file_LE_PhaseK")->setText(QStringLiteral("1"));
     shoot("loading-file", dialog);
+    press("file_AddFrmtBtn");
+    child<QLineEdit>("lineEdit")->setText(QStringLiteral("<day_8> [t]; [x] [y]"));
+    shoot("format", m_window->findChild<addNewFormat_class*>());
+    m_window->findChild<addNewFormat_class*>()->reject();
     press("Btn_ViewRecList");
+    press("addRecBtn");
+    press("RecRecsMenu");
+    shoot("loading-recent", dialog);
+    loadColumns();
+    recordings();
+    dialog->reject();
+}
+
+/// The second tab, with two files of a day each.
+void Photographer::loadColumns()
+{
+    QDir folder(QDir::temp().filePath(QStringLiteral("measurements")));
+    QStringList files;
+    for (const char* day : {"20260301", "20260302"}) {
+        QFile file(folder.filePath(QStringLiteral("clock_%1.txt").arg(QLatin1String(day))));
+        if (!folder.mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly))
+            ++m_failures;
+        for (int i = 0; i < samplesPerDay; ++i) {
+            const QTime time = QTime::fromMSecsSinceStartOfDay(int(i * interval) * 1000);
+            file.write(time.toString(QStringLiteral("hh:mm:ss")).toLatin1() + "  "
+                + QByteArray::number(1e-9 * i, 'e', 6) + "  21.5\n");
+        }
+        files << file.fileName();
+    }
+    auto* dialog = m_window->findChild<OpenFileGlobForm*>();
+    dialog->openFiles(files);
+    ReadFormat format;
+    format.columnNum_time = 0;
+    format.columnNum_data = {1};
+    format.timeFormat_flag = true;
+    format.timeFormat_format = QStringLiteral("hh:mm:ss");
+    format.dateFromFileName_flag = true;
+    format.interval = interval;
+    dialog->setFormat(format);
+    shoot("loading-columns", dialog);
+    folder.removeRecursively();
+}
+
+/// A directory of a week of recordings, its chart and its table.
+void Photographer::recordings()
+{
+    const QDir folder(QDir::temp().filePath(QStringLiteral("recordings")));
+    const QDate from(2026, 3, 2);
+    constexpr int days = 7, channels = 6, step = 600;
+    if (!folder.mkpath(QStringLiteral("."))
+        || !RecordingWriter(folder).writeMixture(from, days, channels, step))
+        ++m_failures;
+    press("FromFolderButton");
+    child<QLineEdit>("kat_LE_Path")->setText(folder.path());
+    child<QDateEdit>("kat_DE_Date1")->setDate(from);
+    child<QDateEdit>("kat_DE_Date2")->setDate(from.addDays(days - 1));
+    press("kat_selectAllChanBtn");
+    auto* dialog = m_window->findChild<OpenFileGlobForm*>();
+    shoot("loading-folder", dialog);
+    prompt::setResponder([](QDialog&) { return int(QDialogButtonBox::Ok); }); // some files are missing
+    press("Btn_ViewRecList");
+    prompt::setResponder({});
+    shoot("recordings-chart", dialog);
+    press("ViewTabl_btn");
+    shoot("recordings-table", dialog);
+    QDir(folder).removeRecursively();
+}
+
+void Photographer::settings()
+{
+    child<QAction>("options_action")->trigger();
+    shoot("options", m_window->findChild<Properties*>());
+    m_window->findChild<Properties*>()->reject();
+    auto* save = m_window->findChild<saverecform*>();
+    save->Show(&m_table->load_record[0]);
+    shoot("save-text", save);
+    save->reject();
+    child<QAction>("Help")->trigger();
+    m_shown = m_window->findChild<HelpForm*>();
+    m_window->findChild<HelpForm*>()->showPage(QStringLiteral("stat-adev"));
+    shoot("help", frame(helpSize));
+    m_shown->parentWidget()->close();
 }
 
 void Photographer::addClocks()
@@ -281,6 +383,7 @@ void Photographer::take(const QString& language)
     shoot("phase-day", frame());
     press("avarGrBtn");
     shoot("stability-one", frame());
+    settings();
 
     addClocks();
     process({1, 2, 3});
@@ -315,6 +418,8 @@ int main(int argumentCount, char** arguments)
         std::fputs("usage: takescreenshots FOLDER\n", stderr);
         return 2;
     }
+    initResources();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/Icon.ico")));
     Photographer photographer{QDir(QApplication::arguments().at(1))};
     for (const char* language : {"ru", "en"})
         photographer.take(QLatin1String(language));
