@@ -94,8 +94,10 @@ void readIndex(const CliOptions& options, Index& index, QStringList& notes)
             notes += linesOf(name, message);
     };
     const BusyGuard busy;
-    index.map.readINFFiles(directory, index.from.date(), maskOf(choice.channels));
+    const int code = index.map.readINFFiles(directory, index.from.date(), maskOf(choice.channels));
     index.map.tell = {};
+    if (code == mapStruct::notReadable)
+        throw DataFault(name + QStringLiteral(": is not a folder that can be read"));
 }
 
 QString kindText(char kind)

@@ -8,8 +8,6 @@
 #include <QDir>
 #include <QSaveFile>
 
-#include <cmath>
-
 namespace {
 
 /// All records of a run under the same number, or higher ones: the files that are there stay as they are.
@@ -25,7 +23,7 @@ void writeRecordings(CliWork& work, const CliOptions& options, QStringList& note
         ++number;
         if (record->ch < 1)
             record->ch = number; // text files tell none
-        if (record->Kdec < 1.0 || record->Kdec != std::floor(record->Kdec))
+        if (!recordingKeepsInterval(*record))
             notes << name
                     + QStringLiteral(": an interval of %1 s is not kept; recordings hold whole seconds")
                           .arg(record->Kdec, 0, 'g', 10);

@@ -264,6 +264,7 @@ private:
     std::unique_ptr<mapStruct> m_map;
     quint8 m_chartFrom = FolderParameters; // the page that led to the chart
     int m_chartTaken = 0; // records that the running load of the chart has sent
+    bool m_tableShown = false; // in place of the chart
     bool m_hiddenForUpdate = false;
 
     /// The file that was read, until its records are sent; and the data column that readASCIIData() takes.

@@ -17,6 +17,7 @@
 #include <QHeaderView>
 #include <QLayout>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QtAlgorithms>
 
@@ -77,12 +78,15 @@ void OpenFileGlobForm::setUpFolderPages()
     });
     connect(sch, &schedule::NewRecLoaded, this, &OpenFileGlobForm::SaveRecInfo);
     connect(sch, &schedule::TakeRec, this, [this](Record* rec) {
-        ++m_chartTaken;
+        if (m_chartTaken++ == 0)
+            m_tableFull = false; // another source may have found it full since the last load
         emit RecReady(rec);
     });
     connect(sch, &schedule::AllRecsAdded, this, &OpenFileGlobForm::chartLoaded);
-    connect(sch, &schedule::TableIsShown, this,
-        [this](bool table) { (table ? ui->ViewTabl_btn : ui->ViewSch_btn)->setChecked(true); });
+    connect(sch, &schedule::TableIsShown, this, [this](bool table) {
+        m_tableShown = table;
+        (table ? ui->ViewTabl_btn : ui->ViewSch_btn)->setChecked(true);
+    });
 }
 
 void OpenFileGlobForm::add_Kat_LE_Path(const QString& path)
@@ -190,11 +194,13 @@ void OpenFileGlobForm::showIndex(
     map->tell = [&messages](const mapStruct::Message& message) { messages << message; };
     int code = mapStruct::notReadable;
     withProgress([&](const Progress& progress) {
+        const auto over = qScopeGuard([this] {
+            map->progress = {};
+            map->tell = {};
+        });
         map->progress = progress;
         code = map->readINFFiles(kat_dir, kat_date1, kat_channels);
     });
-    map->progress = {};
-    map->tell = {};
     if (m_stop) {
         tell(tr("Чтение каталога прервано."));
         return;
@@ -250,7 +256,7 @@ void OpenFileGlobForm::on_ViewTabl_btn_clicked()
 void OpenFileGlobForm::showView(bool table)
 {
     if (SLEEP) // the view stays, and so does the mark of its button
-        (table ? ui->ViewSch_btn : ui->ViewTabl_btn)->setChecked(true);
+        (m_tableShown ? ui->ViewTabl_btn : ui->ViewSch_btn)->setChecked(true);
     else if (table)
         sch->showTable(kat_date1, kat_date2, kat_channels, kat_channelCount, kat_dir);
     else
@@ -308,6 +314,11 @@ bool OpenFileGlobForm::reopenRecording(const RecentRecs& entry)
     const QString fault = FieldText::directoryFault(path);
     if (!fault.isEmpty()) {
         say(tr("Не удалось открыть каталог\n%1\n%2").arg(QDir::toNativeSeparators(path), fault));
+        return false;
+    }
+    const bool channel = entry.ch >= 1 && entry.ch <= mostRecordingChannels;
+    if (!channel || !entry.start.isValid() || entry.stop < entry.start) { // a damaged list
+        say(tr("Запись не загружена: %1").arg(entry.str));
         return false;
     }
     FolderPage& page = *ui->kat_frame;

@@ -32,9 +32,10 @@ void OpenFileGlobForm::forwardFromFile()
     }
     sch->clearSelection();
     AsciiRequest request;
-    if (!checkFields(&request))
-        return;
+    const bool enough = checkFields(&request);
     takeTemplate(&request);
+    if (!enough)
+        return;
     m_records.clear();
     if (!readFile(request))
         return;
@@ -186,8 +187,8 @@ void OpenFileGlobForm::sendRecords(const AsciiRequest& request)
         }
         if (m_tableFull)
             skipped << tr("%1, столбец %2, канал %3")
-                           .arg(QFileInfo(request.fileName).fileName(), names.at(column))
-                           .arg(request.channel + column);
+                           .arg(QFileInfo(request.fileName).fileName(), names.at(column),
+                               QString::number(request.channel + column));
     }
     m_column = 0;
     m_file.reset();

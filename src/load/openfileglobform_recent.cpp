@@ -104,19 +104,19 @@ void OpenFileGlobForm::on_RecRecsTable_itemDoubleClicked(QTableWidgetItem* item)
     runGuarded("OpenFileGlobForm::on_RecRecsTable_itemDoubleClicked", [this, row] { loadRecent({row}); });
 }
 
-/// Loads the entries of these rows in turn. Those that cannot be loaded stay checked.
+/// Loads the entries of these rows in turn, until the user stops it. Those that are not loaded stay checked.
 void OpenFileGlobForm::loadRecent(const QVector<int>& rows)
 {
     const QVector<RecentRecs> entries = recentRecords();
     m_records.clear();
-    m_tableFull = false;
+    m_tableFull = m_stop = false;
     QStringList skipped;
     QVector<int> failed;
     for (const int row : rows) {
         const RecentRecs entry =
             entries.value(ui->RecRecsTable->item(row, Signals)->data(Qt::UserRole).toInt());
         bool loaded = false;
-        if (!m_tableFull) {
+        if (!m_tableFull && !m_stop) {
             const BusyGuard busy;
             loaded = reopen(entry);
         }

@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int mostChannels = 256;
 constexpr int mostDays = std::numeric_limits<short>::max(); // of an index
 
 /// Segment that holds the start, the later one of two that meet there; else the first that reaches beyond it.
@@ -53,7 +52,7 @@ KnownRecordingResult readKnownRecording(const KnownRecording& known, Record* rec
     const QDate from = known.start.date();
     const qint64 days = from.daysTo((toEnd ? known.now : known.stop).date()) + 1;
     if (!known.start.isValid() || days < 1 || days > mostDays || known.channel < 1
-        || known.channel > mostChannels)
+        || known.channel > mostRecordingChannels)
         return result;
     mapStruct map(short(days), 1);
     QByteArray mask(known.channel / 8 + 1, '\0');

@@ -11,6 +11,8 @@
 
 struct Record;
 
+constexpr int mostRecordingChannels = 256;
+
 /// A recording that was loaded before, as a recent entry or a row of the table tells it.
 struct KnownRecording {
     QString directory;

@@ -73,6 +73,7 @@ QMessageBox::StandardButton message(QWidget* parent, QMessageBox::Icon icon, con
     const QMap<QMessageBox::StandardButton, QString>& labels)
 {
     const Owned<QMessageBox> box(icon, title, text, buttons, parent);
+    box->setTextFormat(Qt::PlainText); // names of files and signals may look like markup
     for (auto label = labels.begin(); label != labels.end(); ++label)
         box->setButtonText(label.key(), label.value());
     run(*box);

@@ -11,6 +11,7 @@
 #include "ui_schedule.h"
 
 #include <QGuiApplication>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -60,7 +61,7 @@ void schedule::updRecords(double kdec)
     if (SLEEP)
         return;
     chooseAll();
-    load(int(std::clamp(kdec, 1.0, 1e9) + 0.5));
+    load(int(std::min(std::max(1.0, kdec), 1e9) + 0.5)); // in this order NaN gives 1
 }
 
 void schedule::setLoading(bool loading)
@@ -78,11 +79,15 @@ void schedule::load(int kdec)
     if (SLEEP || selected.isEmpty())
         return;
     DebugLOG("sch::onpush sleep ON");
-    setLoading(true);
-    runGuarded("new LoadRec", [this, kdec] { loadChosen(kdec); });
-    deleteRecord(&m_record);
-    setLoading(false);
-    DebugLOG("sch::onpush sleep OFF");
+    {
+        setLoading(true);
+        const auto over = qScopeGuard([this] {
+            deleteRecord(&m_record);
+            setLoading(false);
+            DebugLOG("sch::onpush sleep OFF");
+        });
+        runGuarded("new LoadRec", [this, kdec] { loadChosen(kdec); });
+    }
     emit AllRecsAdded();
 }
 

@@ -109,8 +109,8 @@ void schedule::selectionChanged(const QList<int>& touched)
     }
     m_scene.update();
     const bool some = !selected.isEmpty();
-    ui->pushButtonLoad->setEnabled(some && !SLEEP);
-    ui->pBtnLoadDec->setEnabled(some && !SLEEP);
+    ui->pushButtonLoad->setEnabled(some && AcceptScheduleEvents); // which a load clears
+    ui->pBtnLoadDec->setEnabled(some && AcceptScheduleEvents);
     if (!some) {
         showInfo(tr("Выберите записи мышью; Ctrl добавляет к выбранным, протягивание выбирает несколько."));
         return;
@@ -237,7 +237,9 @@ void schedule::SetIntervalForRec()
         return;
     const QDateTime begin = m_map->starts.at(segment);
     const QDateTime end = m_map->stops.at(segment);
-    const QDateTime from = secondsBetween(begin, m_menuTime) > 0.0 ? m_menuTime : begin;
+    // A short one is hit also from beside it.
+    const bool inside = secondsBetween(begin, m_menuTime) > 0.0 && secondsBetween(m_menuTime, end) > 0.0;
+    const QDateTime from = inside ? m_menuTime : begin;
     QDateTime to = plusSeconds(from, qint64(length));
     // A recording that goes on may reach farther than the index knows.
     if (m_map->kinds.at(segment) != mapStruct::current && secondsBetween(end, to) > 0.0)

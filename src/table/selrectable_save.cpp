@@ -14,8 +14,6 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
-#include <cmath>
-
 /// One command of saving: where it writes to, and what came of it.
 struct SelRecTable::RecordSaving {
     QDir directory;
@@ -35,17 +33,6 @@ struct SelRecTable::RowUpdate {
     bool any = false; // a record came
     Record fresh;
 };
-
-namespace {
-
-/// Whether the recording format keeps the interval: it holds whole seconds.
-bool keepsInterval(const Record& rec)
-{
-    constexpr double greatest = 32767.0;
-    return rec.Kdec == std::floor(rec.Kdec) && rec.Kdec >= 1.0 && rec.Kdec <= greatest;
-}
-
-} // namespace
 
 /// The row with the cursor, or -1; the cursor may also stand on a row that is not in use.
 int SelRecTable::currentRow() const
@@ -152,7 +139,7 @@ void SelRecTable::save(Record* rec, RecordSaving* saving, double done, double sh
     });
     if (whole && m_saveFault.isEmpty()) {
         ++saving->written;
-        saving->coarse = saving->coarse || !keepsInterval(*rec);
+        saving->coarse = saving->coarse || !recordingKeepsInterval(*rec);
         const QString path = saving->directory.absolutePath();
         if (!saving->directories.contains(path))
             saving->directories << path;

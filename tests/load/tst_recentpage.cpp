@@ -7,8 +7,10 @@
 #include "support/near.h"
 
 #include <QComboBox>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QTableWidget>
+#include <QTimer>
 
 namespace {
 
@@ -182,6 +184,30 @@ private slots:
         QCOMPARE(b.table()->item(1, 0)->checkState(), Qt::Unchecked);
     }
 
+    void stopEndsTheBatch()
+    {
+        Bench b;
+        b.load("a.txt", "0 1\n1 2\n");
+        b.load("b.txt", "0 3\n1 4\n");
+        b.records.clear();
+        b.showRecent();
+        for (const int row : {0, 1})
+            b.table()->item(row, 0)->setCheckState(Qt::Checked);
+        auto* stop = b.get<QAbstractButton>("Btn_Stop");
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, [stop, &timer] {
+            if (!stop->isVisible())
+                return;
+            stop->click();
+            timer.stop();
+        });
+        timer.start(0);
+        b.forward();
+        QVERIFY(!timer.isActive() && b.records.size() < 2);
+        QCOMPARE(b.table()->item(1, 0)->checkState(), Qt::Checked);
+        QVERIFY(b.form.isVisible() && !SLEEP && b.status().startsWith("Не загружены"));
+    }
+
     void givesOneRecord()
     {
         Bench b;
@@ -223,6 +249,8 @@ private slots:
         QTest::newRow("no line fits") << 2 << "[t];[x]" << misfit;
         QTest::newRow("no directory") << 1 << ""
                                       << "Не удалось открыть каталог\n";
+        QTest::newRow("damaged entry") << 0 << ""
+                                       << "Запись не загружена: ";
     }
     void refused()
     {
@@ -233,6 +261,8 @@ private slots:
         RecentRecs entry;
         entry.type = short(type);
         entry.dir = QDir(b.home.write("a.txt", "one two\n"));
+        if (type == 0)
+            entry.dir = QDir(QFileInfo(entry.dir.path()).path());
         entry.format = format;
         entry.start = QDateTime(QDate(2023, 2, 1), QTime(0, 0));
         b.prompts.press(QDialogButtonBox::Ok);

@@ -314,6 +314,26 @@ private slots:
         QVERIFY2(message.text.contains(QString::number(value)), qPrintable(message.text));
     }
 
+    void recordingBehindASampleCutShort()
+    {
+        Trial trial;
+        trial.stretch.stop = at(0, 1);
+        trial.write();
+        trial.replace(0, ".dat", trial.bytes(0, ".dat") + "torn");
+        trial.stretch.start = at(0, 2);
+        trial.stretch.stop = at(0, 3);
+        for (const bool finished : {true, false}) {
+            trial.stretch.finished = finished;
+            trial.write();
+            QCOMPARE(trial.load(trial.stretch.start, trial.stretch.stop), Outcome::Loaded);
+            QCOMPARE(trial.record.n_cnt, qint64(3601));
+            trial.checkTimes(trial.record.start.time().hour() * 3600, 1);
+            QVERIFY(trial.loader.messages().isEmpty());
+            trial.stretch.start = at(0, 4);
+            trial.stretch.stop = at(0, 5);
+        }
+    }
+
     void manyDamagedDaysMakeOneMessage()
     {
         Trial trial;

@@ -55,7 +55,7 @@ void enterRecentRecord(
     RecentRecs& entry = RecRecs[nextRecRecsIndex];
     entry.type = short(type);
     entry.ch = short(rec.ch);
-    entry.dir = QDir(dir);
+    entry.dir = QDir(QDir(dir).absolutePath()); // the next start may be in another directory
     entry.format = type == recentAscii ? format : QString();
     entry.num = rec.n_cnt;
     entry.start = rec.start;

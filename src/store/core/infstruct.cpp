@@ -11,8 +11,8 @@
 
 namespace {
 
-/// 32 MB: more than a structure for each second of the day.
-constexpr qint64 mostBytes = 32 << 20;
+/// Twelve thousand structures: a recording that starts anew every seven seconds.
+constexpr qint64 mostBytes = 4 << 20;
 constexpr int textLength = 32;
 constexpr int nameLength1 = 128;
 constexpr int nameLength2 = 64;

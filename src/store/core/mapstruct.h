@@ -103,7 +103,7 @@ private:
     void findType(const QDate& from);
     void say(
         const QString& title, const QString& text, const QStringList& details = {}, bool critical = true);
-    void walkChannel(int channel, const QDate& from, const QDateTime& now);
+    bool walkChannel(int channel, const QDate& from, const QDateTime& now, int bits);
     QVector<InfType> structuresOf(const QFileInfo& file);
     bool appendDay(Record* rec, int day, int first, int count, const QString& path);
     bool fail(const QString& text, const GrowingFile& file);

@@ -20,6 +20,8 @@ constexpr int deviceCodeAt = 42; // byte of a structure
 constexpr int leastStructure = 36; // bytes: marker and start text
 /// Of one file; a file of random bytes would fill the list with thousands.
 constexpr int mostFaults = 10;
+/// Days between two looks at what the user wants; those of a year on a slow share take long.
+constexpr int daysAtOnce = 32;
 
 } // namespace
 
@@ -167,9 +169,9 @@ int mapStruct::readINFFiles(QDir directory, QDate from, QByteArray mask, const Q
             continue;
         firstOfChannel << segmentCount();
         channels << bit + 1;
-        walkChannel(bit + 1, from, now);
+        const bool whole = walkChannel(bit + 1, from, now, bits);
         sleep(betweenChannels);
-        if (progress && !progress(double(bit + 1) / bits)) {
+        if (!whole || (progress && !progress(double(bit + 1) / bits))) {
             clearIndex();
             return indexed;
         }
@@ -251,10 +253,13 @@ QVector<InfType> mapStruct::structuresOf(const QFileInfo& file)
     return structures;
 }
 
-void mapStruct::walkChannel(int channel, const QDate& from, const QDateTime& now)
+/// False when the user stops; `bits` is the number of channels that the mask has room for.
+bool mapStruct::walkChannel(int channel, const QDate& from, const QDateTime& now, int bits)
 {
     ChannelWalk walk(this, now);
     for (int i = 0; i < m_days; ++i) {
+        if (i > 0 && i % daysAtOnce == 0 && progress && !progress((channel - 1 + double(i) / m_days) / bits))
+            return false;
         const QDate day = from.addDays(i);
         const QString path = filePath(day, channel);
         const QFileInfo inf(path + QLatin1String(".inf"));
@@ -273,4 +278,5 @@ void mapStruct::walkChannel(int channel, const QDate& from, const QDateTime& now
             walk.structure(structure, day, dat.isFile(), i == m_days - 1);
     }
     walk.end();
+    return true;
 }

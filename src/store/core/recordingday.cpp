@@ -11,8 +11,6 @@
 
 namespace {
 
-/// Inf files hold a few structures; one of this size is none.
-constexpr qint64 mostBytes = 64 << 20;
 constexpr int samplesBackwards = 4096; // at once
 constexpr int nearGuess = 8; // samples
 constexpr double roundingOfMarks = 1e-6;
@@ -87,12 +85,10 @@ bool RecordingDay::readSpan(
 {
     path = pathOfDay;
     date = from.date();
-    const QString name = path + QLatin1String(".inf");
-    QFile file(name);
-    // Opening anything but a file may wait for ever.
-    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
+    QByteArray bytes;
+    if (readInfFile(QFileInfo(path + QLatin1String(".inf")), &bytes) == InfFile::CannotOpen)
         return false;
-    const DaySpans spans = spansOfDay(file.read(mostBytes), date, structType);
+    const DaySpans spans = spansOfDay(bytes, date, structType);
     suspect = spans.suspect;
     const DaySpan* const found = spanFor(spans, from, to, firstDay);
     if (found)
@@ -112,17 +108,19 @@ void RecordingDay::takeOffsets(const std::function<void(qint64)>& damage)
 {
     const qint64 size = m_file.size();
     begin = span.inf.startOffset;
-    if (begin < 0 || begin > size || begin % datSampleSize != 0) {
+    qint64 end = span.inf.endOffset;
+    // Behind a sample that was cut short the next structure begins between two multiples, and ends so, too.
+    const bool shifted = span.open || (end - begin) % datSampleSize == 0;
+    if (begin < 0 || begin > size || (begin % datSampleSize != 0 && !shifted)) {
         damage(begin);
         begin = std::clamp<qint64>(begin, 0, size);
         begin = (begin + datSampleSize - 1) / datSampleSize * datSampleSize;
     }
-    qint64 end = span.inf.endOffset;
     if (span.open) {
         end = size;
         if (span.limit >= begin && span.limit < size)
             end = span.limit;
-    } else if (end < begin || end > size || end % datSampleSize != 0) {
+    } else if (end < begin || end > size || (end - begin) % datSampleSize != 0) {
         damage(end);
         // An end before the beginning tells nothing; the file may hold samples all the same.
         end = end < begin ? size : std::min(end, size);

@@ -117,7 +117,8 @@ RecordingLoad::Outcome RecordingLoad::loadDays(Record* rec)
 {
     const QDate from = m_stretch.start.date();
     const qint64 days = from.daysTo(m_stretch.stop.date()) + 1;
-    if (!m_stretch.start.isValid() || !m_stretch.stop.isValid() || days < 1 || days > mostDays)
+    // The date alone: a time that summer time leaves out on this machine is valid for the device.
+    if (!m_stretch.start.date().isValid() || !m_stretch.stop.date().isValid() || days < 1 || days > mostDays)
         return Outcome::Loaded; // without a sample, which is told
     m_days = int(days);
     rec->num_in_days = std::make_unique<qint64[]>(std::size_t(m_days));
@@ -148,7 +149,7 @@ RecordingLoad::Outcome RecordingLoad::loadDays(Record* rec)
 void RecordingLoad::findAnchor()
 {
     const QDateTime begin = m_stretch.recordingStart;
-    if (!begin.isValid() || begin.date() >= m_stretch.start.date())
+    if (!begin.date().isValid() || begin.date() >= m_stretch.start.date())
         return;
     RecordingDay day;
     if (day.readSpan(m_map.filePath(begin.date(), m_stretch.channel), m_map.structType, begin,
@@ -188,7 +189,7 @@ void RecordingLoad::placeDay(RecordingDay* day)
     QDateTime timeOfFirst = day->span.start;
     if (day->count > 0) {
         const qint32 mark = day->mark(0);
-        if (!m_anchor.time.isValid())
+        if (!m_anchor.time.date().isValid())
             m_anchor = {day->span.start, mark};
         // A day that goes on says 00:00:00; its first sample may come later. Marks that begin anew at
         // midnight do not lead into this day.

@@ -5,6 +5,9 @@
 
 #include <QDir>
 
+#include <cmath>
+#include <limits>
+
 bool recordingExists(const Record& rec, const QDir& directory, int k)
 {
     for (int day = 0; day < rec.n_days; ++day) {
@@ -13,4 +16,10 @@ bool recordingExists(const Record& rec, const QDir& directory, int k)
             return true;
     }
     return false;
+}
+
+bool recordingKeepsInterval(const Record& rec)
+{
+    constexpr double greatest = std::numeric_limits<qint16>::max();
+    return rec.Kdec == std::floor(rec.Kdec) && rec.Kdec >= 1.0 && rec.Kdec <= greatest;
 }

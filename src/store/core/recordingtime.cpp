@@ -12,6 +12,7 @@ namespace {
 constexpr int daySeconds = 86400;
 /// The first of them hold a date alone.
 constexpr int dateFormats = 4;
+constexpr int shortestText = 8; // characters of the shortest of them
 
 /// The number in two digits at `at`; -1 when there is none.
 int twoDigits(const QString& text, int at)
@@ -73,6 +74,8 @@ QTime timeOfText(const QString& text, const QTime& missing)
 {
     if (const std::optional<QTime> usual = timeOfUsualText(text, missing))
         return *usual;
+    if (text.size() < shortestText || !text.front().isDigit()) // no pattern fits
+        return missing;
     for (int i = 0; i < numOfFormats; ++i) {
         if (i < dateFormats) {
             if (QDate::fromString(text, Formats[i]).isValid())
