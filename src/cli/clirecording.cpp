@@ -86,7 +86,9 @@ void readIndex(const CliOptions& options, Index& index, QStringList& notes)
     if (!index.from.isValid() || !index.to.isValid())
         throw DataFault(name + QStringLiteral(": holds no recording"));
     const qint64 days = index.from.date().daysTo(index.to.date()) + 1;
-    if (days < 1 || days > std::numeric_limits<short>::max())
+    if (days < 1)
+        throw DataFault(name + QStringLiteral(": holds no recording of the time chosen"));
+    if (days > std::numeric_limits<short>::max())
         throw DataFault(name + QStringLiteral(": the time chosen holds %1 days").arg(days));
     index.map.setDayChan(short(days), short(choice.channels.size()));
     index.map.tell = [&](const mapStruct::Message& message) {

@@ -133,7 +133,7 @@ void TestCliRecording::refusals_data()
     row("--recording . --list", ".: holds no recording");
     row("--recording data --channel 9", "the channels hold no recording");
     row("--recording data --channel 2 --from 2026-03-03", "the channels hold no recording");
-    row("--recording data --channel 1 --from 2030-01-01", "the time chosen holds -");
+    row("--recording data --channel 1 --from 2030-01-01", "holds no recording of the time chosen");
     row("--recording data --channel 1 --from 1900-01-01 --to 2026-03-01", "holds 46081 days");
     row("--recording data --channel 1,2 --diff",
         "--diff takes two records, stretches of recording: here are 3");
