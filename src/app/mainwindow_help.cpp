@@ -113,11 +113,12 @@ HelpForm* MainWindow::help()
     m_helpFrame->setWindowIcon(QApplication::windowIcon());
     m_helpFrame->installEventFilter(this);
     const QRect area(QPoint(0, 0), m_area->maximumViewportSize());
-    const QRect place = m_layout->placeOf(QLatin1String(m_help->metaObject()->className()));
-    if (area.contains(place))
-        m_helpFrame->setGeometry(place);
-    else
-        m_helpFrame->resize(comfortable.boundedTo(area.size()));
+    QRect place = m_layout->placeOf(QLatin1String(m_help->metaObject()->className()));
+    if (!area.contains(place)) {
+        place = QRect(QPoint(0, 0), comfortable.boundedTo(area.size()));
+        place.moveCenter(area.center());
+    }
+    m_helpFrame->setGeometry(place);
     connect(m_help, &HelpForm::ShowPrev, this, &MainWindow::ShowPrevHelpPage);
     connect(m_help, &HelpForm::ShowNext, this, &MainWindow::ShowNextHelpPage);
     openHelpCollection();
