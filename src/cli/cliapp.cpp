@@ -2,6 +2,7 @@
 
 #include "base/globals.h"
 #include "base/paths.h"
+#include "base/wholefile.h"
 #include "cli/clicompute.h"
 #include "cli/cligraph.h"
 #include "cli/clirecord.h"
@@ -11,7 +12,6 @@
 #include "stats/firfilter.h"
 
 #include <QDir>
-#include <QSaveFile>
 #include <QtGlobal>
 
 #include <cstdio>
@@ -53,9 +53,9 @@ void prepareSpectra(const CliOptions& options, QStringList& notes)
 
 void writeFile(const QString& name, const QByteArray& content)
 {
-    QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
-        throw DataFault(QStringLiteral("%1: cannot be written: %2").arg(name, file.errorString()));
+    QString error;
+    if (!replaceFile(name, content, &error))
+        throw DataFault(QStringLiteral("%1: cannot be written: %2").arg(name, error));
 }
 
 void writeFolder(const CliWork& work, const CliOptions& options, const QByteArray& table, QStringList& notes)
