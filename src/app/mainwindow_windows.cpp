@@ -27,7 +27,8 @@ void MainWindow::addWindow(QWidget* window)
 {
     constexpr QSize readable(540, 440);
     const QSize own = window->testAttribute(Qt::WA_Resized) ? window->size() : window->sizeHint();
-    const QSize wanted = m_layout->sizeOf(kindOf(*window), own.expandedTo(readable));
+    const QSize wanted = m_layout->sizeOf(kindOf(*window), own.expandedTo(readable))
+                             .boundedTo(m_area->maximumViewportSize().expandedTo(readable));
     auto* frame = new QMdiSubWindow;
     frame->setAttribute(Qt::WA_DeleteOnClose);
     frame->setWidget(window);
